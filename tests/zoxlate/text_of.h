@@ -1,0 +1,27 @@
+#ifndef TESTS_ZOXLATE_TEXT_OF_H
+#define TESTS_ZOXLATE_TEXT_OF_H
+
+#include <zoxlate/zoxlate.h>
+
+#include <optional>
+#include <string>
+
+namespace zotest {
+
+// The text of a key; nothing when there is no such bundle or key.
+inline std::optional<std::string> TextOf(const char* bundleName, const char* locale,
+                                         const char* key) {
+    CZoXlate* const bundle = CZoXlate::GetBundle(bundleName, locale);
+    if (bundle == nullptr) {
+        return std::nullopt;
+    }
+    const char* const text = bundle->GetText(key);
+    const std::optional<std::string> copy =
+        text == nullptr ? std::nullopt : std::optional<std::string>(text);
+    bundle->Release();
+    return copy;
+}
+
+}  // namespace zotest
+
+#endif
