@@ -1,0 +1,63 @@
+#include <zoerrlog/base/ZoGuard.h>
+
+#include <new>
+
+#include <zoerrlog/base/ZoGuardState.h>
+
+using zoerrlog::base::GuardState;
+
+CZoErrLogGuard::CZoErrLogGuard() : m_pState(new (std::nothrow) GuardState) {
+}
+
+CZoErrLogGuard::~CZoErrLogGuard() {
+    delete m_pState;
+    // Volatile, or the compiler drops the last store into a dying object.
+    const_cast<GuardState* volatile&>(m_pState) = nullptr;
+}
+
+void CZoErrLogGuard::LockForRead() {
+    if (m_pState != nullptr) {
+        m_pState->LockForRead();
+    }
+}
+
+void CZoErrLogGuard::LockForWrite() {
+    if (m_pState != nullptr) {
+        m_pState->LockForWrite();
+    }
+}
+
+bool CZoErrLogGuard::TryLockForWrite() {
+    return m_pState == nullptr || m_pState->TryLockForWrite();
+}
+
+void CZoErrLogGuard::Unlock() {
+    if (m_pState != nullptr) {
+        m_pState->Unlock();
+    }
+}
+
+CZoGuard::CZoGuard() {
+    static_assert(sizeof(GuardState) <= kStorageSize);
+    ::new (m_storage) GuardState;
+}
+
+CZoGuard::~CZoGuard() {
+    State().~GuardState();
+}
+
+void CZoGuard::LockForRead() {
+    State().LockForRead();
+}
+
+void CZoGuard::LockForWrite() {
+    State().LockForWrite();
+}
+
+void CZoGuard::Unlock() {
+    State().Unlock();
+}
+
+GuardState& CZoGuard::State() {
+    return *std::launder(reinterpret_cast<GuardState*>(m_storage));
+}

@@ -1,0 +1,138 @@
+#include <zoerrlog/base/ZoGuardState.h>
+
+#include <algorithm>
+#include <limits>
+
+#include <zoerrlog/base/ZoHeldGuards.h>
+
+namespace zoerrlog::base {
+namespace {
+
+// Layout of the word: 24 bits of holders (signed), then twice 20 bits of waiting threads. Linux
+// has at most 2^22 threads in all, and far fewer fit into one process with a stack each.
+constexpr unsigned kWaitingBits = 20;
+constexpr std::uint64_t kWaitingMask = (std::uint64_t{1} << kWaitingBits) - 1;
+constexpr unsigned kReadersShift = kWaitingBits;
+constexpr unsigned kHoldersShift = 2 * kWaitingBits;
+constexpr std::uint64_t kWriterHolds = ~std::uint64_t{0} << kHoldersShift;
+
+constexpr long kGateMaximum = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
+
+GuardState::Counters GuardState::Unpack(std::uint64_t word) noexcept {
+    return {static_cast<std::int32_t>(static_cast<std::int64_t>(word) >> kHoldersShift),
+            static_cast<std::uint32_t>(word >> kReadersShift & kWaitingMask),
+            static_cast<std::uint32_t>(word & kWaitingMask)};
+}
+
+std::uint64_t GuardState::Pack(const Counters& counters) noexcept {
+    return static_cast<std::uint64_t>(static_cast<std::int64_t>(counters.holders))
+               << kHoldersShift |
+           static_cast<std::uint64_t>(counters.readersWaiting) << kReadersShift |
+           counters.writersWaiting;
+}
+
+GuardState::GuardState() noexcept : m_readGate(0, kGateMaximum), m_writeGate(0, kGateMaximum) {
+}
+
+GuardState::~GuardState() = default;
+
+void GuardState::LockForRead() noexcept {
+    std::uint64_t word = m_word.load(std::memory_order_relaxed);
+    bool mustWait = false;
+    std::uint64_t next = 0;
+    do {
+        Counters counters = Unpack(word);
+        mustWait = counters.writersWaiting != 0 || counters.holders < 0;
+        if (mustWait) {
+            ++counters.readersWaiting;
+        } else {
+            ++counters.holders;
+        }
+        next = Pack(counters);
+    } while (!m_word.compare_exchange_weak(word, next, std::memory_order_acquire,
+                                           std::memory_order_relaxed));
+    if (mustWait) {
+        m_readGate.Wait(platform::Semaphore::kNoTimeLimit);
+    }
+    HeldGuards::Add(this);
+}
+
+void GuardState::LockForWrite() noexcept {
+    std::uint64_t word = m_word.load(std::memory_order_relaxed);
+    bool mustWait = false;
+    std::uint64_t next = 0;
+    do {
+        Counters counters = Unpack(word);
+        mustWait = counters.holders != 0;
+        if (mustWait) {
+            ++counters.writersWaiting;
+        } else {
+            counters.holders = -1;
+        }
+        next = Pack(counters);
+    } while (!m_word.compare_exchange_weak(word, next, std::memory_order_acquire,
+                                           std::memory_order_relaxed));
+    if (mustWait) {
+        m_writeGate.Wait(platform::Semaphore::kNoTimeLimit);
+    }
+    HeldGuards::Add(this);
+}
+
+bool GuardState::TryLockForWrite() noexcept {
+    std::uint64_t free = 0;
+    if (!m_word.compare_exchange_strong(free, kWriterHolds, std::memory_order_acquire,
+                                        std::memory_order_relaxed)) {
+        return false;
+    }
+    HeldGuards::Add(this);
+    return true;
+}
+
+void GuardState::Unlock() noexcept {
+    HeldGuards::Remove(this);
+    std::uint64_t word = m_word.load(std::memory_order_relaxed);
+    platform::Semaphore* gate = nullptr;
+    std::uint32_t admitted = 0;
+    std::uint64_t next = 0;
+    do {
+        Counters counters = Unpack(word);
+        counters.holders += counters.holders > 0 ? -1 : 1;
+        gate = nullptr;
+        if (counters.holders == 0 && counters.writersWaiting > 0) {
+            --counters.writersWaiting;
+            counters.holders = -1;
+            gate = &m_writeGate;
+            admitted = 1;
+        } else if (counters.holders == 0 && counters.readersWaiting > 0) {
+            admitted = counters.readersWaiting;
+            counters.holders = static_cast<std::int32_t>(admitted);
+            counters.readersWaiting = 0;
+            gate = &m_readGate;
+        }
+        next = Pack(counters);
+    } while (!m_word.compare_exchange_weak(word, next, std::memory_order_acq_rel,
+                                           std::memory_order_relaxed));
+    if (gate != nullptr) {
+        gate->Release(static_cast<long>(admitted));
+    }
+}
+
+void GuardState::AfterForkInChild() noexcept {
+    Counters counters = Unpack(m_word.load(std::memory_order_relaxed));
+    const int own = HeldGuards::Count(this);
+    if (counters.holders < 0) {
+        counters.holders = own > 0 ? -1 : 0;
+    } else {
+        counters.holders = std::min(counters.holders, own);
+    }
+    counters.readersWaiting = 0;
+    counters.writersWaiting = 0;
+    m_word.store(Pack(counters), std::memory_order_relaxed);
+    // Units that were meant for threads of the parent would let a later thread in too early.
+    m_readGate.Empty();
+    m_writeGate.Empty();
+}
+
+}  // namespace zoerrlog::base

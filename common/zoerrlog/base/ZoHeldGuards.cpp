@@ -1,0 +1,44 @@
+#include <zoerrlog/base/ZoHeldGuards.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace zoerrlog::base {
+namespace {
+
+struct Stack {
+    const void* entries[HeldGuards::kCapacity] = {};
+    unsigned size = 0;
+};
+
+thread_local Stack t_held;
+
+}  // namespace
+
+void HeldGuards::Add(const void* guard) noexcept {
+    Stack& held = t_held;
+    if (held.size == kCapacity) {
+        std::copy(std::next(held.entries), std::end(held.entries), held.entries);
+        --held.size;
+    }
+    held.entries[held.size++] = guard;
+}
+
+void HeldGuards::Remove(const void* guard) noexcept {
+    Stack& held = t_held;
+    // Nearly always the last one: guards are let go in the reverse order.
+    for (unsigned i = held.size; i-- > 0;) {
+        if (held.entries[i] == guard) {
+            std::copy(held.entries + i + 1, held.entries + held.size, held.entries + i);
+            --held.size;
+            return;
+        }
+    }
+}
+
+int HeldGuards::Count(const void* guard) noexcept {
+    const Stack& held = t_held;
+    return static_cast<int>(std::count(held.entries, held.entries + held.size, guard));
+}
+
+}  // namespace zoerrlog::base
