@@ -1,0 +1,21 @@
+#ifndef ZOERRLOG_ZOERRLOG_H
+#define ZOERRLOG_ZOERRLOG_H
+
+// All that a host of the library includes.
+
+#include <zoerrlog/base/ZoByteString.h>
+#include <zoerrlog/base/ZoExport.h>
+#include <zoerrlog/base/ZoGuard.h>
+#include <zoerrlog/base/ZoLocks.h>
+#include <zoerrlog/base/ZoSemaphore.h>
+#include <zoerrlog/logger/ZoCallbackOutputs.h>
+#include <zoerrlog/logger/ZoErrLogComponent.h>
+#include <zoerrlog/logger/ZoLogger.h>
+#include <zoerrlog/message/ZoArgList.h>
+#include <zoerrlog/message/ZoErrLogMessage.h>
+#include <zoerrlog/output/ZoConsoleOutput.h>
+#include <zoerrlog/output/ZoFileOutput.h>
+#include <zoerrlog/output/ZoLogOutput.h>
+#include <zoerrlog/trace/ZoKnownInfo.h>
+
+#endif
