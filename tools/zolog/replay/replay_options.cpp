@@ -1,0 +1,71 @@
+#include <zolog/replay/replay_options.h>
+
+#include <algorithm>
+#include <limits>
+#include <thread>
+
+#include <CLI/CLI.hpp>
+
+namespace zolog {
+
+namespace {
+
+constexpr int kMaxThreads = 1024;
+constexpr int kMaxMode = 4;
+// The file output keeps its limit in bytes in 32 bits: one megabyte more would count as none.
+constexpr int kMaxSizeMB = 4095;
+constexpr int kNoUpperLimit = std::numeric_limits<int>::max();
+
+}  // namespace
+
+ReplayOptions::ReplayOptions()
+    : threads(std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, kMaxThreads)) {
+}
+
+void AddReplayOptions(CLI::App& command, ReplayOptions& options) {
+    const CLI::Validator notEmpty(
+        [](const std::string& value) {
+            return value.empty() ? std::string("must not be empty") : std::string();
+        },
+        "");
+
+    command.add_option("FILE", options.files, "sshd logs to read; - is standard input")->required();
+    command.add_option("--out", options.outDirectory, "directory of error.log; made if missing")
+        ->type_name("DIR")
+        ->check(notEmpty)
+        ->capture_default_str();
+    command.add_option("--threads", options.threads, "threads that write")
+        ->type_name("N")
+        ->check(CLI::Range(1, kMaxThreads))
+        ->capture_default_str();
+    command.add_option("--repeat", options.repeat, "replays the whole input K times")
+        ->type_name("K")
+        ->check(CLI::Range(1, kNoUpperLimit))
+        ->capture_default_str();
+    command
+        .add_option("--mode", options.mode,
+                    "0 overwrites error.log, 1 appends to it, 2 rolls it over at the start, "
+                    "3 at the size limit, 4 at both")
+        ->check(CLI::Range(0, kMaxMode))
+        ->type_name("0..4")
+        ->capture_default_str();
+    command.add_option("--max-size", options.maxSizeMB, "size limit of modes 3 and 4")
+        ->check(CLI::Range(0, kMaxSizeMB))
+        ->type_name("MB")
+        ->capture_default_str();
+    command.add_option("--backups", options.backups, "backups to keep; 0 keeps all")
+        ->check(CLI::Range(0, kNoUpperLimit))
+        ->type_name("N")
+        ->capture_default_str();
+    command.add_option("--locale", options.locale, "locale of the message texts")
+        ->type_name("NAME")
+        ->check(notEmpty);
+    command.add_option("--resources", options.resources, "directory of the message bundles")
+        ->type_name("DIR")
+        ->check(notEmpty);
+    command.add_flag("--local-time", options.localTime, "dates in local time, not UTC");
+    command.add_flag("--console", options.console, "writes to the console, not to a file");
+    command.add_flag("--quiet", options.quiet, "no progress bar and no summary");
+}
+
+}  // namespace zolog
