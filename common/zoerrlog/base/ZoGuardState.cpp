@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <zoerrlog/base/ZoHeldGuards.h>
+#include <zoerrlog/platform/Process.h>
 
 namespace zoerrlog::base {
 namespace {
@@ -77,7 +78,7 @@ void GuardState::LockForWrite() noexcept {
     if (mustWait) {
         m_writeGate.Wait(platform::Semaphore::kNoTimeLimit);
     }
-    HeldGuards::Add(this);
+    BeginWriting();
 }
 
 bool GuardState::TryLockForWrite() noexcept {
@@ -86,13 +87,28 @@ bool GuardState::TryLockForWrite() noexcept {
                                         std::memory_order_relaxed)) {
         return false;
     }
-    HeldGuards::Add(this);
+    BeginWriting();
     return true;
 }
 
+void GuardState::BeginWriting() noexcept {
+    m_writer.store(platform::ThreadIdentity(), std::memory_order_relaxed);
+}
+
+void GuardState::ForgetHold(bool ofWriter) noexcept {
+    if (ofWriter) {
+        m_writer.store(nullptr, std::memory_order_relaxed);
+    } else if (!HeldGuards::Remove(this)) {
+        m_releasedByOthers.fetch_add(1, std::memory_order_relaxed);
+    }
+}
+
 void GuardState::Unlock() noexcept {
-    HeldGuards::Remove(this);
     std::uint64_t word = m_word.load(std::memory_order_relaxed);
+    if (Unpack(word).holders == 0) {
+        return;  // a hold that a fork has ended
+    }
+    ForgetHold(Unpack(word).holders < 0);
     platform::Semaphore* gate = nullptr;
     std::uint32_t admitted = 0;
     std::uint64_t next = 0;
@@ -121,11 +137,14 @@ void GuardState::Unlock() noexcept {
 
 void GuardState::AfterForkInChild() noexcept {
     Counters counters = Unpack(m_word.load(std::memory_order_relaxed));
-    const int own = HeldGuards::Count(this);
     if (counters.holders < 0) {
-        counters.holders = own > 0 ? -1 : 0;
+        const bool own = m_writer.load(std::memory_order_relaxed) == platform::ThreadIdentity();
+        counters.holders = own ? -1 : 0;
     } else {
-        counters.holders = std::min(counters.holders, own);
+        const int listed = HeldGuards::Count(this);
+        const int released = m_releasedByOthers.load(std::memory_order_relaxed);
+        counters.holders = std::clamp(listed - released, 0, counters.holders);
+        m_releasedByOthers.store(listed - counters.holders, std::memory_order_relaxed);
     }
     counters.readersWaiting = 0;
     counters.writersWaiting = 0;

@@ -37,8 +37,14 @@ private:
     static std::uint64_t Pack(const Counters& counters) noexcept;
 
     void AfterForkInChild() noexcept override;
+    void BeginWriting() noexcept;
+    void ForgetHold(bool ofWriter) noexcept;
 
     std::atomic<std::uint64_t> m_word{0};
+    // Who holds what, for a fork: the writing thread, and how many read holds were released by
+    // threads that had not taken them.
+    std::atomic<const void*> m_writer{nullptr};
+    std::atomic<int> m_releasedByOthers{0};
     platform::Semaphore m_readGate;
     platform::Semaphore m_writeGate;
 };

@@ -24,16 +24,17 @@ void HeldGuards::Add(const void* guard) noexcept {
     held.entries[held.size++] = guard;
 }
 
-void HeldGuards::Remove(const void* guard) noexcept {
+bool HeldGuards::Remove(const void* guard) noexcept {
     Stack& held = t_held;
     // Nearly always the last one: guards are let go in the reverse order.
     for (unsigned i = held.size; i-- > 0;) {
         if (held.entries[i] == guard) {
             std::copy(held.entries + i + 1, held.entries + held.size, held.entries + i);
             --held.size;
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 int HeldGuards::Count(const void* guard) noexcept {

@@ -3,15 +3,15 @@
 
 namespace zoerrlog::base {
 
-/// The guards that the calling thread has locked and not yet unlocked itself. Needed when the
-/// process forks: in the child only these holds remain. A hold that another thread released stays
-/// listed until it is pushed out; the guard's own count then limits what is believed.
+/// The guards that the calling thread has locked for reading and not yet unlocked itself, the
+/// latest kCapacity of them. Needed when the process forks: in the child only these holds remain.
 class HeldGuards {
 public:
     static constexpr unsigned kCapacity = 8;
 
     static void Add(const void* guard) noexcept;
-    static void Remove(const void* guard) noexcept;
+    /// False when the calling thread did not list the guard.
+    static bool Remove(const void* guard) noexcept;
     static int Count(const void* guard) noexcept;
 };
 

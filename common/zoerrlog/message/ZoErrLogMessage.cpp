@@ -40,7 +40,7 @@ bool CZoErrLogMessage::FormatLogProlog(const char* sourceFile, int line, int mes
     m_text.clear();
     m_text.append({zoerrlog::message::PrologStart(m_bUseLocalTime),
                    "[",
-                   PathnameFindFilePart(sourceFile),
+                   sourceFile != nullptr ? PathnameFindFilePart(sourceFile) : "",
                    {lineNumber, static_cast<std::size_t>(end - lineNumber)},
                    "]"});
     return true;

@@ -37,7 +37,7 @@ public:
 
     /// Starts a line: replaces the text by "[pid/tid][date][file]" or, with a `line` above 0,
     /// "[pid/tid][date][file:line]". `file` is what follows the last backslash of `sourceFile`,
-    /// which must not be null. `messageType` is kept for the host. Returns true.
+    /// null counting as empty. `messageType` is kept for the host. Returns true.
     bool FormatLogProlog(const char* sourceFile, int line, int messageType);
 
     /// The text, terminated by a zero byte.

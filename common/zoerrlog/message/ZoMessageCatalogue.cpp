@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -49,14 +48,31 @@ CatalogueEntry FindEntry(unsigned int id, const char* locale) {
     return {key, text != nullptr ? text : key, std::move(bundle)};
 }
 
+bool ContinuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+// The first `limit` bytes of `text`, or a little less: no UTF-8 character is cut in two.
+std::string_view Cut(std::string_view text, std::size_t limit) {
+    constexpr std::size_t kLongestCharacter = 4;
+    if (text.size() <= limit) {
+        return text;
+    }
+    std::size_t length = limit;
+    while (length > 0 && limit - length < kLongestCharacter && ContinuesCharacter(text[length])) {
+        --length;
+    }
+    return text.substr(0, ContinuesCharacter(text[length]) ? limit : length);
+}
+
 void CopyText(const char* text, char* dst, std::size_t dstSize) {
-    const std::size_t length = std::min(std::strlen(text), dstSize - 1);
-    std::memcpy(dst, text, length);
-    dst[length] = '\0';
+    const std::string_view copied = Cut(text, dstSize - 1);
+    std::copy(copied.begin(), copied.end(), dst);
+    dst[copied.size()] = '\0';
 }
 
 std::string_view TextIn(const char* buffer) {
-    return {buffer, std::min(std::strlen(buffer), kLongestText)};
+    return Cut(buffer, kLongestText);
 }
 
 }  // namespace

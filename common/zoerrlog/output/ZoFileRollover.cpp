@@ -142,17 +142,25 @@ bool CZoFileOutput::StartNewFile() {
     return TakeOver(descriptor);
 }
 
-// Puts a newly opened file in the place of the old one, under the old descriptor number.
+// Puts a newly opened file in the place of the old one, under the old descriptor number: that is
+// where other threads may be writing at this moment. A number that a failed retry gave up serves
+// again.
 bool CZoFileOutput::TakeOver(int descriptor) {
     if (descriptor == kNoDescriptor) {
         return GiveUp();
     }
-    const int old = fd.load(std::memory_order_relaxed);
+    const int open = fd.load(std::memory_order_relaxed);
+    const int old = open != kNoDescriptor ? open : retiredFd;
     if (old == kNoDescriptor) {
         fd.store(descriptor, std::memory_order_release);
         return true;
     }
-    return zoerrlog::platform::ReplaceFile(old, descriptor) || GiveUp();
+    if (!zoerrlog::platform::ReplaceFile(old, descriptor)) {
+        return GiveUp();
+    }
+    retiredFd = kNoDescriptor;
+    fd.store(old, std::memory_order_release);
+    return true;
 }
 
 bool CZoFileOutput::GiveUp() {

@@ -2,21 +2,15 @@
 
 #include <new>
 
+#include <zoerrlog/platform/Process.h>
+
 namespace zoerrlog::platform {
-namespace {
-
-// A thread's own copy of this has an address that no other living thread shares, and that the
-// forking thread keeps in the child.
-thread_local char t_identity;
-
-}  // namespace
-
 CriticalSection::CriticalSection() noexcept = default;
 
 CriticalSection::~CriticalSection() = default;
 
 void CriticalSection::Enter() noexcept {
-    const void* const self = &t_identity;
+    const void* const self = ThreadIdentity();
     if (m_owner.load(std::memory_order_relaxed) == self) {
         ++m_depth;
         return;
@@ -36,7 +30,7 @@ void CriticalSection::Leave() noexcept {
 void CriticalSection::AfterForkInChild() noexcept {
     // Whatever the other threads left in the mutex went with them.
     ::new (&m_mutex) std::mutex;
-    if (m_owner.load(std::memory_order_relaxed) == &t_identity) {
+    if (m_owner.load(std::memory_order_relaxed) == ThreadIdentity()) {
         m_mutex.lock();
     } else {
         m_owner.store(nullptr, std::memory_order_relaxed);

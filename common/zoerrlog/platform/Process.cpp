@@ -18,6 +18,7 @@ struct RememberedThread {
 };
 
 thread_local RememberedThread t_thread;
+thread_local char t_identity;
 
 }  // namespace
 
@@ -39,6 +40,10 @@ unsigned int ThreadId() noexcept {
         thread.generation = generation;
     }
     return thread.id;
+}
+
+const void* ThreadIdentity() noexcept {
+    return &t_identity;
 }
 
 }  // namespace zoerrlog::platform
