@@ -17,7 +17,7 @@ class GuardState;
 ///
 /// Each LockForRead and LockForWrite is matched by exactly one Unlock, from any thread. The guard
 /// is not re-entrant: a thread that holds it and locks it again may wait for itself for ever.
-/// In a forked child only the forking thread's own holds remain.
+/// In a forked child only the forking thread's own holds remain (for reading, its latest 32).
 ///
 /// A guard that holds no state (there was no memory for it, or it has been destroyed) accepts
 /// every operation and does nothing. No thread may hold a guard or wait for it when it is

@@ -15,6 +15,8 @@ constexpr unsigned kWaitingBits = 20;
 constexpr std::uint64_t kWaitingMask = (std::uint64_t{1} << kWaitingBits) - 1;
 constexpr unsigned kReadersShift = kWaitingBits;
 constexpr unsigned kHoldersShift = 2 * kWaitingBits;
+constexpr std::uint64_t kOneReaderWaiting = std::uint64_t{1} << kReadersShift;
+constexpr std::uint64_t kOneHolder = std::uint64_t{1} << kHoldersShift;
 constexpr std::uint64_t kWriterHolds = ~std::uint64_t{0} << kHoldersShift;
 
 constexpr long kGateMaximum = std::numeric_limits<std::int32_t>::max();
@@ -28,9 +30,8 @@ GuardState::Counters GuardState::Unpack(std::uint64_t word) noexcept {
 }
 
 std::uint64_t GuardState::Pack(const Counters& counters) noexcept {
-    return static_cast<std::uint64_t>(static_cast<std::int64_t>(counters.holders))
-               << kHoldersShift |
-           static_cast<std::uint64_t>(counters.readersWaiting) << kReadersShift |
+    const auto holders = static_cast<std::uint64_t>(static_cast<std::int64_t>(counters.holders));
+    return holders * kOneHolder | std::uint64_t{counters.readersWaiting} * kOneReaderWaiting |
            counters.writersWaiting;
 }
 

@@ -9,6 +9,7 @@ namespace {
 struct Stack {
     const void* entries[HeldGuards::kCapacity] = {};
     unsigned size = 0;
+    unsigned pushedOut = 0;
 };
 
 thread_local Stack t_held;
@@ -20,6 +21,7 @@ void HeldGuards::Add(const void* guard) noexcept {
     if (held.size == kCapacity) {
         std::copy(std::next(held.entries), std::end(held.entries), held.entries);
         --held.size;
+        ++held.pushedOut;
     }
     held.entries[held.size++] = guard;
 }
@@ -33,6 +35,11 @@ bool HeldGuards::Remove(const void* guard) noexcept {
             --held.size;
             return true;
         }
+    }
+    // Most likely one that was pushed out.
+    if (held.pushedOut > 0) {
+        --held.pushedOut;
+        return true;
     }
     return false;
 }

@@ -7,7 +7,7 @@ namespace zoerrlog::base {
 /// latest kCapacity of them. Needed when the process forks: in the child only these holds remain.
 class HeldGuards {
 public:
-    static constexpr unsigned kCapacity = 8;
+    static constexpr unsigned kCapacity = 32;
 
     static void Add(const void* guard) noexcept;
     /// False when the calling thread did not list the guard.

@@ -9,8 +9,8 @@ namespace {
 
 using namespace zoerrlog::message;
 
-constexpr int kInfosPerComponent = 10;
-constexpr int kInfoGrowth = 50;
+constexpr std::size_t kFirstInfos = std::size_t{10} * kZoComponentCount;
+constexpr std::size_t kInfoGrowth = 50;
 constexpr int kMostSubComponents = kSubComponentMask;
 
 constexpr std::string_view kBetweenComponents = " | ";
@@ -39,8 +39,7 @@ std::unique_ptr<char[]> CompositeName(std::string_view component, std::string_vi
 
 bool CZoLogger::InitKnownInfo() {
     m_strAvailableComponents.clear();
-    m_pComponentInfo =
-        std::make_unique<ZoTraceComponentInfo[]>(kInfosPerComponent * kZoComponentCount);
+    m_pComponentInfo = std::make_unique<ZoTraceComponentInfo[]>(kFirstInfos);
     m_iComponentInfoCount = 0;
     for (int i = 0; i < m_iComponentCount; ++i) {
         if (m_ppComponents[i] != nullptr) {
@@ -77,11 +76,9 @@ void CZoLogger::DescribeComponent(CZoErrLogComponent& component) {
 }
 
 void CZoLogger::AddComponentInfo(unsigned int id, const char* name) {
-    const int first = kInfosPerComponent * kZoComponentCount;
-    const int used = m_iComponentInfoCount;
-    if (used >= first && (used - first) % kInfoGrowth == 0) {
-        auto larger =
-            std::make_unique<ZoTraceComponentInfo[]>(static_cast<std::size_t>(used + kInfoGrowth));
+    const auto used = static_cast<std::size_t>(m_iComponentInfoCount);
+    if (used >= kFirstInfos && (used - kFirstInfos) % kInfoGrowth == 0) {
+        auto larger = std::make_unique<ZoTraceComponentInfo[]>(used + kInfoGrowth);
         std::copy_n(m_pComponentInfo.get(), used, larger.get());
         m_pComponentInfo = std::move(larger);
     }

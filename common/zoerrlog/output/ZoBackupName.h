@@ -29,9 +29,9 @@ std::optional<LogFileName> SplitLogFileName(std::string_view fileName);
 
 /// A backup found beside the log file.
 struct Backup {
-    std::string name;      ///< without the directory
-    std::string date;      ///< as MakeDate writes it
-    unsigned long number;  ///< 0 for a name without one
+    std::string name;          ///< without the directory
+    std::string date;          ///< as MakeDate writes it
+    unsigned long number = 0;  ///< 0 for a name without one
 };
 
 /// By date, then by number: the order in which the backups were made.
