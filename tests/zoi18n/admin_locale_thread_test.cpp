@@ -2,8 +2,8 @@
 #include <zoi18n/zoi18n.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -11,39 +11,28 @@
 namespace {
 
 TEST(AdminLocaleThreads, ReadersSeeWholeNamesThatStayAsTheyWere) {
-    static constexpr std::array<std::string_view, 4> locales = {"en", "fr_CA", "de_DE.UTF-8@euro",
-                                                                "zh-Hant"};
-    const auto isKnown = [](std::string_view text) {
-        return std::find(locales.begin(), locales.end(), text) != locales.end();
-    };
-    std::atomic<bool> stop{false};
+    static const std::vector<std::string> locales = {"en", "fr_CA", "de_DE.UTF-8@euro", "zh-Hant"};
+    std::atomic<int> writing{2};
     std::atomic<int> wrong{0};
-    std::vector<std::thread> readers;
-    for (int i = 0; i < 3; ++i) {
-        readers.emplace_back([&] {
-            while (!stop) {
-                const char* const locale = ZoGetAdminLocale();
-                const std::string_view before = locale;
-                std::this_thread::yield();
-                wrong += isKnown(before) && before == locale ? 0 : 1;
-            }
-        });
-    }
-    std::vector<std::thread> writers;
+    std::vector<std::jthread> threads;
     for (std::size_t i = 0; i < 2; ++i) {
-        writers.emplace_back([&, i] {
-            for (std::size_t round = 0; round < 2000; ++round) {
-                wrong += ZoSetAdminLocale(locales[(round + i) % locales.size()].data()) ? 0 : 1;
+        threads.emplace_back([&, i] {
+            for (std::size_t round = i; round < 2000; ++round) {
+                wrong += ZoSetAdminLocale(locales[round % locales.size()].c_str()) ? 0 : 1;
+            }
+            --writing;
+        });
+        threads.emplace_back([&] {
+            while (writing != 0) {
+                const char* const locale = ZoGetAdminLocale();
+                const std::string before = locale;
+                std::this_thread::yield();
+                const bool known = std::count(locales.begin(), locales.end(), before) == 1;
+                wrong += known && before == locale ? 0 : 1;
             }
         });
     }
-    for (std::thread& writer : writers) {
-        writer.join();
-    }
-    stop = true;
-    for (std::thread& reader : readers) {
-        reader.join();
-    }
+    threads.clear();
     EXPECT_EQ(wrong, 0);
 }
 

@@ -11,14 +11,13 @@ namespace zotest {
 // The text of a key; nothing when there is no such bundle or key.
 inline std::optional<std::string> TextOf(const char* bundleName, const char* locale,
                                          const char* key) {
-    CZoXlate* const bundle = CZoXlate::GetBundle(bundleName, locale);
-    if (bundle == nullptr) {
-        return std::nullopt;
+    std::optional<std::string> copy;
+    if (CZoXlate* const bundle = CZoXlate::GetBundle(bundleName, locale)) {
+        if (const char* const text = bundle->GetText(key)) {
+            copy = text;
+        }
+        bundle->Release();
     }
-    const char* const text = bundle->GetText(key);
-    const std::optional<std::string> copy =
-        text == nullptr ? std::nullopt : std::optional<std::string>(text);
-    bundle->Release();
     return copy;
 }
 

@@ -1,5 +1,5 @@
-#ifndef TESTS_ZOI18N_TEMPORARY_DIRECTORY_H
-#define TESTS_ZOI18N_TEMPORARY_DIRECTORY_H
+#ifndef TESTS_SUPPORT_TEMPORARYDIRECTORY_H
+#define TESTS_SUPPORT_TEMPORARYDIRECTORY_H
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -12,14 +12,13 @@
 
 namespace zotest {
 
+/// A new, empty directory for one test, removed with all it holds at the end of the object.
 class TemporaryDirectory {
 public:
-    TemporaryDirectory() {
-        std::string name = (std::filesystem::temp_directory_path() / "zotest-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) {
+    TemporaryDirectory() : m_path((testing::TempDir() + "zoerrlog-XXXXXX")) {
+        if (::mkdtemp(m_path.data()) == nullptr) {
             ADD_FAILURE() << "no temporary directory";
         }
-        m_path = name;
     }
     ~TemporaryDirectory() {
         std::error_code ignored;
@@ -28,21 +27,25 @@ public:
     TemporaryDirectory(const TemporaryDirectory&) = delete;
     TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
-    [[nodiscard]] std::string Path() const { return m_path.string(); }
-    [[nodiscard]] std::string File(std::string_view name) const { return (m_path / name).string(); }
+    /// Without a separator at its end.
+    const std::string& Path() const { return m_path; }
+    /// The full name of a file in the directory, whether it exists or not.
+    std::string File(std::string_view name) const { return m_path + "/" + std::string(name); }
 
+    /// Creates or replaces a file; returns its full name.
     std::string Write(std::string_view name, std::string_view content) const {
         std::ofstream(File(name), std::ios::binary) << content;
         return File(name);
     }
 
-    [[nodiscard]] std::string Read(std::string_view name) const {
+    /// The content of a file; empty when there is none.
+    std::string Read(std::string_view name) const {
         std::ifstream file(File(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
 private:
-    std::filesystem::path m_path;
+    std::string m_path;
 };
 
 }  // namespace zotest
