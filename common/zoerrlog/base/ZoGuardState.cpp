@@ -21,6 +21,8 @@ constexpr std::uint64_t kWriterHolds = ~std::uint64_t{0} << kHoldersShift;
 
 constexpr long kGateMaximum = std::numeric_limits<std::int32_t>::max();
 
+std::atomic<std::uint64_t> g_guardsMade{0};
+
 }  // namespace
 
 GuardState::Counters GuardState::Unpack(std::uint64_t word) noexcept {
@@ -35,7 +37,8 @@ std::uint64_t GuardState::Pack(const Counters& counters) noexcept {
            counters.writersWaiting;
 }
 
-GuardState::GuardState() noexcept : m_readGate(0, kGateMaximum), m_writeGate(0, kGateMaximum) {
+GuardState::GuardState() noexcept
+    : m_serial(++g_guardsMade), m_readGate(0, kGateMaximum), m_writeGate(0, kGateMaximum) {
 }
 
 GuardState::~GuardState() = default;
@@ -58,7 +61,7 @@ void GuardState::LockForRead() noexcept {
     if (mustWait) {
         m_readGate.Wait(platform::Semaphore::kNoTimeLimit);
     }
-    HeldGuards::Add(this);
+    HeldGuards::Add(m_serial);
 }
 
 void GuardState::LockForWrite() noexcept {
@@ -99,7 +102,7 @@ void GuardState::BeginWriting() noexcept {
 void GuardState::ForgetHold(bool ofWriter) noexcept {
     if (ofWriter) {
         m_writer.store(nullptr, std::memory_order_relaxed);
-    } else if (!HeldGuards::Remove(this)) {
+    } else if (!HeldGuards::Remove(m_serial)) {
         m_releasedByOthers.fetch_add(1, std::memory_order_relaxed);
     }
 }
@@ -142,7 +145,7 @@ void GuardState::AfterForkInChild() noexcept {
         const bool own = m_writer.load(std::memory_order_relaxed) == platform::ThreadIdentity();
         counters.holders = own ? -1 : 0;
     } else {
-        const int listed = HeldGuards::Count(this);
+        const int listed = HeldGuards::Count(m_serial);
         const int released = m_releasedByOthers.load(std::memory_order_relaxed);
         counters.holders = std::clamp(listed - released, 0, counters.holders);
         m_releasedByOthers.store(listed - counters.holders, std::memory_order_relaxed);

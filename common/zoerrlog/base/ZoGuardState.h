@@ -41,6 +41,7 @@ private:
     void ForgetHold(bool ofWriter) noexcept;
 
     std::atomic<std::uint64_t> m_word{0};
+    const std::uint64_t m_serial;  // of this guard among all that the process has made
     // Who holds what, for a fork: the writing thread, and how many read holds were released by
     // threads that had not taken them.
     std::atomic<const void*> m_writer{nullptr};

@@ -7,7 +7,7 @@ namespace zoerrlog::base {
 namespace {
 
 struct Stack {
-    const void* entries[HeldGuards::kCapacity] = {};
+    std::uint64_t entries[HeldGuards::kCapacity] = {};
     unsigned size = 0;
     unsigned pushedOut = 0;
 };
@@ -16,7 +16,7 @@ thread_local Stack t_held;
 
 }  // namespace
 
-void HeldGuards::Add(const void* guard) noexcept {
+void HeldGuards::Add(std::uint64_t guard) noexcept {
     Stack& held = t_held;
     if (held.size == kCapacity) {
         std::copy(std::next(held.entries), std::end(held.entries), held.entries);
@@ -26,7 +26,7 @@ void HeldGuards::Add(const void* guard) noexcept {
     held.entries[held.size++] = guard;
 }
 
-bool HeldGuards::Remove(const void* guard) noexcept {
+bool HeldGuards::Remove(std::uint64_t guard) noexcept {
     Stack& held = t_held;
     // Nearly always the last one: guards are let go in the reverse order.
     for (unsigned i = held.size; i-- > 0;) {
@@ -44,7 +44,7 @@ bool HeldGuards::Remove(const void* guard) noexcept {
     return false;
 }
 
-int HeldGuards::Count(const void* guard) noexcept {
+int HeldGuards::Count(std::uint64_t guard) noexcept {
     const Stack& held = t_held;
     return static_cast<int>(std::count(held.entries, held.entries + held.size, guard));
 }
