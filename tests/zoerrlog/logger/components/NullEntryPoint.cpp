@@ -1,0 +1,5 @@
+#include <zoerrlog/logger/ZoErrLogComponent.h>
+
+CZoErrLogComponent* GetComponentPtr() {
+    return nullptr;
+}
