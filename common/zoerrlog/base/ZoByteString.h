@@ -45,6 +45,13 @@ public:
     bool empty() const noexcept { return m_size == 0; }
     operator std::string_view() const noexcept { return {m_data, m_size}; }
 
+    friend bool operator==(const ZoByteString& left, std::string_view right) noexcept {
+        return std::string_view(left) == right;
+    }
+    friend bool operator!=(const ZoByteString& left, std::string_view right) noexcept {
+        return !(left == right);
+    }
+
     /// Empties the text; memory already taken is kept for the next one.
     void clear() noexcept { truncate(0); }
 
