@@ -1,7 +1,6 @@
 #include <zoerrlog/output/ZoFileOutput.h>
 
 #include <cerrno>
-#include <cstring>
 
 #include <zoerrlog/message/ZoErrLogMessage.h>
 #include <zoerrlog/output/ZoOpenFlags.h>
@@ -71,16 +70,17 @@ bool CZoFileOutput::Log(const char* text) {
     if (text == nullptr) {
         return false;
     }
+    const std::string_view line(text);
     if (IsSizeLimited()) {
-        return LogWithinLimit(text);
+        return LogWithinLimit(line);
     }
     if (RetryIsDue() && !RetryRollover()) {
         return false;
     }
-    return LogMessage(text);
+    return LogMessage(line);
 }
 
-bool CZoFileOutput::LogWithinLimit(const char* text) {
+bool CZoFileOutput::LogWithinLimit(std::string_view line) {
     const CZoErrLogAutoCS hold(lock);
     const int descriptor = fd.load(std::memory_order_relaxed);
     if (descriptor < 0) {
@@ -90,19 +90,18 @@ bool CZoFileOutput::LogWithinLimit(const char* text) {
     if (size < 0) {
         return false;
     }
-    const auto total =
-        static_cast<std::uint32_t>(std::strlen(text)) + static_cast<std::uint32_t>(size);
+    const auto total = static_cast<std::uint32_t>(line.size()) + static_cast<std::uint32_t>(size);
     const bool limitReached = total >= maxSize && !rolloverDeferred.load(std::memory_order_relaxed);
     if ((limitReached || RetryIsDue()) && !Rollover()) {
         return false;
     }
-    return LogMessage(text);
+    return LogMessage(line);
 }
 
-bool CZoFileOutput::LogMessage(const char* text) {
+bool CZoFileOutput::LogMessage(std::string_view line) {
     const int descriptor = fd.load(std::memory_order_acquire);
     return descriptor >= 0 &&
-           zoerrlog::platform::WriteFile(descriptor, text, std::strlen(text)) >= 0;
+           zoerrlog::platform::WriteFile(descriptor, line.data(), line.size()) >= 0;
 }
 
 bool CZoFileOutput::Close() {

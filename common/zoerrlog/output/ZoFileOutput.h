@@ -11,6 +11,10 @@
 #include <zoerrlog/base/ZoLocks.h>
 #include <zoerrlog/output/ZoLogOutput.h>
 
+namespace zoerrlog::output {
+struct LogFileName;
+}
+
 /// Writes lines into one file: each line one write to the system, nothing held back. Depending on
 /// its mode the file rolls over, when it is opened or when a line would bring it to a size limit:
 /// the old file stays behind as a backup "name_YYYYMMDD_HHMMSS.ext" (local time; "_01", "_02", ...
@@ -62,19 +66,21 @@ public:
     virtual bool Log(const char* text);
 
 private:
+    enum class Renamed { kDone, kRefused, kFailed };
     enum OpenHow { kCreate = 0, kTruncate = 1, kAppend = 2 };
 
     bool IsSizeLimited() const;
     bool FileExists(const char* name) const;
     bool OpenFile(int how);
     bool CloseFile();
-    bool LogMessage(const char* text);
-    bool LogWithinLimit(const char* text);
+    bool LogMessage(std::string_view line);
+    bool LogWithinLimit(std::string_view line);
 
     bool RetryIsDue() const;
     bool RetryRollover();
     bool Rollover();
-    int RenameToBackup(std::string_view date, unsigned long number);
+    Renamed RenameToBackup(const zoerrlog::output::LogFileName& log, std::string_view date,
+                           unsigned long number);
     bool GoOnAfterRefusal();
     bool StartNewFile();
     bool TakeOver(int descriptor);

@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::int64_t kRetrySeconds = 300;
 constexpr bool kLocalTime = true;
-constexpr int kNoError = 0;
 // Other processes may take names between the search and the rename; a rollover gives up when this
 // many were taken from under it.
 constexpr unsigned long kMostClashes = 1000;
@@ -95,36 +94,37 @@ bool CZoFileOutput::Rollover() {
         !RemoveOldest(backups, *log, maxBackups)) {
         return GiveUp();
     }
-    switch (RenameToBackup(date, number)) {
-        case kNoError:
+    switch (RenameToBackup(*log, date, number)) {
+        case Renamed::kDone:
             return StartNewFile();
-        case EACCES:
+        case Renamed::kRefused:
             return GoOnAfterRefusal();
-        default:
-            return GiveUp();
+        case Renamed::kFailed:
+            break;
     }
+    return GiveUp();
 }
 
-// Renames the file to the first free name from `number` on; returns what the system says. That
-// access is denied to a numbered name is no reason to wait: it counts as any other failure.
-int CZoFileOutput::RenameToBackup(std::string_view date, unsigned long number) {
-    const auto log = SplitLogFileName(fileName);
+// Renames the file to the first free name from `number` on. Only a name without a number waits for
+// access that is denied now: for a numbered one that counts as any other failure.
+CZoFileOutput::Renamed CZoFileOutput::RenameToBackup(const LogFileName& log, std::string_view date,
+                                                     unsigned long number) {
     for (unsigned long clashes = 0; clashes < kMostClashes; ++clashes, ++number) {
-        const std::string target = MakeBackupName(*log, date, number);
+        const std::string target = MakeBackupName(log, date, number);
         if (target.size() > kLongestBackupName) {
-            return ENAMETOOLONG;
+            return Renamed::kFailed;
         }
         if (ZoRename(fileName.c_str(), target.c_str()) == 0) {
             static_assert(std::tuple_size_v<decltype(lastBackupDate)> == kDateLength);
             std::copy(date.begin(), date.end(), lastBackupDate.begin());
             lastBackupNumber = number;
-            return kNoError;
+            return Renamed::kDone;
         }
         if (errno != EEXIST) {
-            return errno == EACCES && number != 0 ? EPERM : errno;
+            return errno == EACCES && number == 0 ? Renamed::kRefused : Renamed::kFailed;
         }
     }
-    return EEXIST;
+    return Renamed::kFailed;
 }
 
 bool CZoFileOutput::GoOnAfterRefusal() {
