@@ -5,6 +5,7 @@
 
 #include <zoerrlog/base/ZoByteString.h>
 #include <zoerrlog/base/ZoExport.h>
+#include <zoerrlog/base/ZoFile.h>
 #include <zoerrlog/base/ZoGuard.h>
 #include <zoerrlog/base/ZoLocks.h>
 #include <zoerrlog/base/ZoSemaphore.h>

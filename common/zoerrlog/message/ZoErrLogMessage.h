@@ -95,6 +95,41 @@ public:
     /// feed. Sets the record's severity to that of `id`, also when it then returns false.
     bool FormatLogMessageForTrace(int id, ...);
 
+    // Trace lines: a row of field values in one of four layouts. A line takes BeginTraceFormat, any
+    // number of fields, EndTraceFormat; each appends to the text. Values are written unchanged.
+    //
+    //   0  bracketed: "[value]" for each field, then a line feed
+    //   1  columns: values padded with blanks or cut to a width, two blanks between them, line feed
+    //   2  delimited: values with a separator between them, then a line feed
+    //   3  XML: an opening element, one element a field on a line of its own, a closing element
+
+    /// Starts a line in layout `format` and stores the choice between local time and UTC. `tag` is
+    /// the separator of layout 2 (null is an empty one) or the element name of layout 3, which must
+    /// not be null; the record keeps the pointer until the next BeginTraceFormat.
+    void BeginTraceFormat(int format, bool useLocalTime, const char* tag);
+    /// Appends a field in layout 0, 2 or 3; nothing in any other. `name` is read in layout 3 alone.
+    /// Neither may be null where it is read.
+    void FormatTraceField(const char* value, const char* name);
+    /// Appends a column of `width` (0 or more) bytes, whatever the layout. `value` is not null.
+    void FormatTraceField(const char* value, int width);
+    /// Ends the line: the closing element in layout 3, a line feed in any other.
+    void EndTraceFormat();
+
+    /// A printf-style text of up to 4095 bytes, longer ones cut, in a block that the caller owns
+    /// and gives back with FreeFormattedMessage. Null when `format` is null or empty.
+    ZOERRLOG_PRINTF(1, 2)
+    static const char* FormatTraceMessage(const char* format, ...);
+    /// Frees a block of FormatTraceMessage; nothing for null.
+    static void FreeFormattedMessage(const char* text);
+
+    /// Replaces the text by a printf-style text of any length, for the audit log; neither a prolog
+    /// nor a line feed is added. False, with the text unchanged, when `format` is null or empty. A
+    /// text that cannot be formatted is empty.
+    ZOERRLOG_PRINTF(2, 3)
+    bool FormatAuditMessage(const char* format, ...);
+    /// Replaces the text by `text`, which must not be the record's own; null changes nothing.
+    void SetFormattedMessage(const char* text);
+
     // Each of these writes a text with its terminator into `buf` of `len` bytes and returns true,
     // or returns false and writes nothing when a pointer is null or `len` is below the minimum.
 

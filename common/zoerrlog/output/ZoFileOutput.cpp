@@ -2,12 +2,13 @@
 
 #include <cerrno>
 
+#include <zoerrlog/base/ZoOpenFlags.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
-#include <zoerrlog/output/ZoOpenFlags.h>
 #include <zoerrlog/output/ZoOutputTypes.h>
 #include <zoerrlog/platform/File.h>
 #include <zoi18n/zoi18n.h>
 
+using namespace zoerrlog::base;
 using namespace zoerrlog::output;
 using zoerrlog::platform::kNoDescriptor;
 

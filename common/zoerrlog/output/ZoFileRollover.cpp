@@ -2,14 +2,15 @@
 #include <cerrno>
 #include <vector>
 
+#include <zoerrlog/base/ZoOpenFlags.h>
 #include <zoerrlog/output/ZoBackupName.h>
 #include <zoerrlog/output/ZoFileOutput.h>
-#include <zoerrlog/output/ZoOpenFlags.h>
 #include <zoerrlog/platform/Clock.h>
 #include <zoerrlog/platform/DirectorySearch.h>
 #include <zoerrlog/platform/File.h>
 #include <zoi18n/zoi18n.h>
 
+using namespace zoerrlog::base;
 using namespace zoerrlog::output;
 using zoerrlog::platform::kNoDescriptor;
 

@@ -29,6 +29,10 @@ std::int64_t WriteFile(int descriptor, const void* data, std::size_t length) noe
     return RepeatWhenInterrupted([=] { return write(descriptor, data, length); });
 }
 
+std::int64_t ReadFile(int descriptor, void* data, std::size_t length) noexcept {
+    return RepeatWhenInterrupted([=] { return read(descriptor, data, length); });
+}
+
 std::int64_t FileSize(int descriptor) noexcept {
     // Seeking is the cheapest question for the size: a status call also asks for the time stamps,
     // which makes the next write stamp the inode anew. Whoever appends needs no position.

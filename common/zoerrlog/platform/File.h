@@ -13,6 +13,10 @@ constexpr int kNoDescriptor = -1;
 /// The number of bytes written, or -1.
 std::int64_t WriteFile(int descriptor, const void* data, std::size_t length) noexcept;
 
+/// Reads up to `length` bytes, begun anew when it is interrupted. The number of bytes read, 0 at
+/// the end of the file, or -1.
+std::int64_t ReadFile(int descriptor, void* data, std::size_t length) noexcept;
+
 /// The size of an open file in bytes, or -1.
 std::int64_t FileSize(int descriptor) noexcept;
 

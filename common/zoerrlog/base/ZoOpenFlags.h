@@ -1,17 +1,18 @@
-#ifndef ZOERRLOG_OUTPUT_ZOOPENFLAGS_H
-#define ZOERRLOG_OUTPUT_ZOOPENFLAGS_H
+#ifndef ZOERRLOG_BASE_ZOOPENFLAGS_H
+#define ZOERRLOG_BASE_ZOOPENFLAGS_H
 
 #include <zoi18n/zoi18n.h>
 
-namespace zoerrlog::output {
+namespace zoerrlog::base {
 
-// How log files are opened.
+// How the library opens files.
 constexpr int kOpenTruncated = kZoOpenWriteOnly | kZoOpenCreate | kZoOpenTruncate;
 constexpr int kOpenAppending = kZoOpenWriteOnly | kZoOpenAppend | kZoOpenCreate;
 constexpr int kOpenNew = kOpenAppending | kZoOpenTruncate;
+constexpr int kOpenReading = kZoOpenReadOnly;
 
 constexpr int kOwnerReadWrite = kZoPermissionOwnerRead | kZoPermissionOwnerWrite;
 
-}  // namespace zoerrlog::output
+}  // namespace zoerrlog::base
 
 #endif
