@@ -18,5 +18,7 @@
 #include <zoerrlog/output/ZoFileOutput.h>
 #include <zoerrlog/output/ZoLogOutput.h>
 #include <zoerrlog/trace/ZoKnownInfo.h>
+#include <zoerrlog/trace/ZoTraceConfigEvent.h>
+#include <zoerrlog/trace/ZoTraceData.h>
 
 #endif

@@ -1,0 +1,177 @@
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <iterator>
+#include <limits>
+
+#include <zoerrlog/message/ZoDateText.h>
+#include <zoerrlog/platform/Clock.h>
+#include <zoerrlog/platform/Process.h>
+#include <zoerrlog/trace/ZoDataFields.h>
+#include <zoerrlog/trace/ZoFilterOperator.h>
+#include <zoerrlog/trace/ZoTraceData.h>
+
+using namespace zoerrlog;
+using namespace zoerrlog::trace;
+
+namespace {
+
+constexpr std::size_t kLongestInlineValue = kZoInlineValueSize - 1;
+constexpr int kDecimals = 6;
+// Sign, the digits of the largest number, point and decimals.
+constexpr std::size_t kLongestDouble =
+    1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + kDecimals;
+
+char* WriteTime(const std::tm& time, char* text) {
+    text = message::WriteDigits(time.tm_hour, 2, text);
+    *text++ = ':';
+    text = message::WriteDigits(time.tm_min, 2, text);
+    *text++ = ':';
+    return message::WriteDigits(time.tm_sec, 2, text);
+}
+
+char* WriteDate(const std::tm& time, char* text) {
+    constexpr int kFirstYear = 1900;
+    text = message::WriteDigits(time.tm_mon + 1, 2, text);
+    *text++ = '/';
+    text = message::WriteDigits(time.tm_mday, 2, text);
+    *text++ = '/';
+    return message::WriteDigits(time.tm_year + kFirstYear, 4, text);
+}
+
+bool Passes(std::string_view value, unsigned int filterOperator, std::string_view filterValue) {
+    switch (filterOperator) {
+        case kEquals:
+            return value == filterValue;
+        case kDiffers:
+            return value != filterValue;
+        case kContains:
+            return value.find(filterValue) != std::string_view::npos;
+        case kLacks:
+            return value.find(filterValue) == std::string_view::npos;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+template <typename Number>
+bool CZoTraceData::SetNumber(unsigned int id, Number value) {
+    char text[std::numeric_limits<Number>::digits10 + 2];
+    const char* const end = std::to_chars(text, std::end(text), value).ptr;
+    return SetText(id, {text, static_cast<std::size_t>(end - text)});
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, int value) {
+    return SetKnownOrNumber(id, value);
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, long value) {
+    return SetKnownOrNumber(id, value);
+}
+
+bool CZoTraceData::SetKnownOrNumber(unsigned int id, long value) {
+    switch (id) {
+        case kPid:
+            return SetNumber(id, platform::ProcessId());
+        case kTid:
+            return SetNumber(id, platform::ThreadId());
+        case kDate:
+        case kTime:
+        case kPreciseTime:
+            return static_cast<int>(id) != m_iDateTimeLevel || PopulateDateandTime();
+        default:
+            return SetNumber(id, value);
+    }
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, unsigned int value) {
+    return SetNumber(id, value);
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, unsigned long value) {
+    return SetNumber(id, value);
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, long long value) {
+    return SetNumber(id, value);
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, unsigned long long value) {
+    return SetNumber(id, value);
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, double value) {
+    // Unlike printf it has the same decimal point in every locale.
+    char text[kLongestDouble];
+    const char* const end =
+        std::to_chars(text, std::end(text), value, std::chars_format::fixed, kDecimals).ptr;
+    return SetText(id, {text, static_cast<std::size_t>(end - text)});
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, bool value) {
+    return SetText(id, value ? "true" : "false");
+}
+
+bool CZoTraceData::SetFieldValue(unsigned int id, const char* value) {
+    if (value == nullptr) {
+        return SetText(id, {});
+    }
+    return SetText(id, id == kSrcFile ? std::string_view(value, strnlen(value, kLongestInlineValue))
+                                      : std::string_view(value));
+}
+
+bool CZoTraceData::SetText(unsigned int id, std::string_view value) {
+    if (id >= kZoDataFieldCount) {
+        return false;
+    }
+    Store(id, value);
+    return !m_fields[id].filtered || TestDataFilter(id);
+}
+
+void CZoTraceData::Store(unsigned int id, std::string_view value) {
+    char* const buffer = BufferFor(id, value.size());
+    *std::copy(value.begin(), value.end(), buffer) = '\0';
+    m_valuesSet.set(id);
+}
+
+// A heap buffer, once taken, also serves the shorter values that follow.
+char* CZoTraceData::BufferFor(unsigned int id, std::size_t length) {
+    ZoTraceDataFieldInfo& field = m_fields[id];
+    if (length > kLongestInlineValue) {
+        m_longValues[id] = std::make_unique<char[]>(length + 1);
+        field.value = m_longValues[id].get();
+        field.valueOnHeap = true;
+    }
+    return field.value;
+}
+
+bool CZoTraceData::TestDataFilter(unsigned int id) const {
+    if (id >= kZoDataFieldCount) {
+        return false;
+    }
+    const ZoTraceDataFieldInfo& field = m_fields[id];
+    const std::string_view value = field.value != nullptr ? field.value : std::string_view();
+    return field.filterValue != nullptr && Passes(value, field.filterOperator, field.filterValue);
+}
+
+bool CZoTraceData::PopulateDateandTime() {
+    constexpr std::size_t kLongest = sizeof("hh:mm:ss.mmm");
+    const platform::WallTime now = platform::Now();
+    const std::tm& time = platform::BreakDown(now.seconds, m_bLocalTime);
+    char text[kLongest];
+    const auto store = [&](unsigned int id, const char* end) {
+        Store(id, {text, static_cast<std::size_t>(end - text)});
+    };
+    store(kDate, WriteDate(time, text));
+    char* end = WriteTime(time, text);
+    store(kTime, end);
+    *end++ = '.';
+    store(kPreciseTime, message::WriteDigits(now.Milliseconds(), 3, end));
+
+    const unsigned int clockFields[] = {kDate, kTime, kPreciseTime};
+    return std::all_of(std::begin(clockFields), std::end(clockFields), [this](unsigned int id) {
+        return !m_fields[id].filtered || TestDataFilter(id);
+    });
+}
