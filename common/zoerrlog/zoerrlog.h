@@ -18,6 +18,8 @@
 #include <zoerrlog/output/ZoFileOutput.h>
 #include <zoerrlog/output/ZoLogOutput.h>
 #include <zoerrlog/trace/ZoKnownInfo.h>
+#include <zoerrlog/trace/ZoThreadState.h>
+#include <zoerrlog/trace/ZoThreadTraceData.h>
 #include <zoerrlog/trace/ZoTraceConfigEvent.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 

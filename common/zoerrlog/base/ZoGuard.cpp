@@ -3,6 +3,7 @@
 #include <new>
 
 #include <zoerrlog/base/ZoGuardState.h>
+#include <zoerrlog/platform/Clock.h>
 
 using zoerrlog::base::GuardState;
 
@@ -27,8 +28,16 @@ void CZoErrLogGuard::LockForWrite() {
     }
 }
 
-bool CZoErrLogGuard::TryLockForWrite() {
-    return m_pState == nullptr || m_pState->TryLockForWrite();
+bool CZoErrLogGuard::LockForExit() {
+    constexpr int kAttempts = 200;
+    constexpr int kPauseMilliseconds = 5;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        if (m_pState == nullptr || m_pState->TryLockForWrite()) {
+            return true;
+        }
+        zoerrlog::platform::SleepFor(kPauseMilliseconds);
+    }
+    return false;
 }
 
 void CZoErrLogGuard::Unlock() {

@@ -35,7 +35,10 @@ public:
 
 private:
     friend class CZoLogger;
-    bool TryLockForWrite();
+    friend class CZoLoggerList;
+    // LockForWrite, but gives up after about a second: a process that exits is not held up by a
+    // thread that is stuck, nor by the one that exits from within.
+    bool LockForExit();
 
     zoerrlog::base::GuardState* m_pState;
 };

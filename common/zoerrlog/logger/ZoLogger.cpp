@@ -1,10 +1,12 @@
 #include <zoerrlog/logger/ZoLogger.h>
 
 #include <zoerrlog/logger/ZoModuleHolder.h>
+#include <zoerrlog/logger/ZoSelectionCache.h>
 #include <zoerrlog/platform/Lifetime.h>
+#include <zoerrlog/platform/ThreadSlots.h>
+#include <zoerrlog/trace/ZoTraceData.h>
 
 std::atomic<bool> CZoLogger::m_bUnloadedComponents{false};
-std::atomic<int> CZoLogger::m_iConfigVersion{0};
 
 /// The default logger: lets the process-lasting storage make it and end it.
 struct ZoLoggerAccess {
@@ -25,6 +27,9 @@ CZoLogger::CZoLogger()
       m_bUseLocalTime(false),
       m_iComponentInfoCount(0),
       m_iDataFieldCount(0),
+      m_aComponentTraced(std::make_unique<ZoSelectionCache>()),
+      m_traceState(0),
+      m_dwTlsIndex(zoerrlog::platform::kNoThreadSlot),
       m_iExecutionTimeThreshold(0) {
     Init();
 }

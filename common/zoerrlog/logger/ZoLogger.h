@@ -13,9 +13,12 @@
 #include <zoerrlog/logger/ZoErrLogComponent.h>
 #include <zoerrlog/output/ZoLogOutput.h>
 #include <zoerrlog/trace/ZoKnownInfo.h>
+#include <zoerrlog/trace/ZoTraceConfigEvent.h>
 
 class CZoErrLogMessage;
 class CZoLogger;
+class CZoTraceData;
+class ZoSelectionCache;
 
 /// The default logger of the process, constructed by the first call and valid until the library is
 /// unloaded or the process has ended. Any thread may call it.
@@ -66,11 +69,71 @@ public:
     /// the logger is not initialised. The message stays the caller's, unchanged.
     bool LogErrMsg(CZoErrLogMessage& message);
 
-    // Trace channel.
+    // Trace channel: one output or two, and a configuration that chooses components, fields and
+    // values (see the file format in the documentation of `zolog check`).
+
+    /// Reads the trace configuration `configFile` and starts tracing by it, in the layout `format`
+    /// (0 bracketed, 1 columns, 2 delimited by `separator`, 3 XML). The texts are copied; a null
+    /// `separator` is an empty one. `bUseLocalTime` chooses the time of all later lines of this
+    /// logger. Writes a heading of two lines to each output, except in layout 3, and hands it to
+    /// `output` for the files that follow.
+    ///
+    /// With `bKeepConfiguration` the installed configuration, layout, second output and choice of
+    /// time stay, and only the first output is replaced; `output2` is then opened, but not taken
+    /// over. `bBuffering` is handed to `output`.
+    ///
+    /// True when tracing is on; the logger then owns the outputs. On false they stay the caller's.
+    /// False with nothing changed: `output` is null or `output2` the same, `output2` is given and
+    /// `output` is asynchronous, the file cannot be read or its sections are out of order, or
+    /// `bKeepConfiguration` is given and no configuration is installed. False otherwise: an output
+    /// did not open, and the earlier outputs (and configuration, unless kept) are gone.
+    bool EnableTrace(CZoLogOutput* output, CZoLogOutput* output2, int format, const char* separator,
+                     const char* configFile, bool bUseLocalTime, bool bKeepConfiguration,
+                     bool bBuffering);
+    /// The same without a second output.
+    bool EnableTrace(CZoLogOutput* output, int format, const char* separator,
+                     const char* configFile, bool bUseLocalTime, bool bKeepConfiguration,
+                     bool bBuffering);
+    /// Closes and destroys the outputs and drops the configuration; with `bKeepConfiguration`, the
+    /// first output alone.
+    void DisableTrace(bool bKeepConfiguration);
+
+    // Questions asked before a trace line is built. Each is false unless the logger is initialised
+    // and has a configuration and an output. A component is given by its identifier, of which the
+    // low 16 bits do not count: the identifier of one of its messages will do.
+
+    /// True when the component is selected; for 0, when tracing is on at all.
+    bool TraceEnabled(unsigned int componentId);
+    /// True when the configuration traces the data field; false with the second output alone.
+    bool FieldTraced(unsigned int field);
+    /// True when the component is selected; `record`, the caller's own and not null, is then
+    /// filled from the configuration unless it holds that already.
+    bool ShouldTrace(unsigned int componentId, CZoTraceData* record);
+    /// Stores the calling thread's trace record, filled from the configuration, in `*record`, and
+    /// returns true. False, with nothing changed, when `record` is null or `*record` is not. The
+    /// record is the thread's until the thread ends or the logger goes; the thread cleans it up
+    /// after every line. May throw std::bad_alloc on a thread's first call.
+    bool TraceAlloc(CZoTraceData** record);
+    /// TraceAlloc if the component is selected; false if not.
+    bool ShouldTraceAlloc(unsigned int componentId, CZoTraceData** record);
+
+    /// Reads a trace configuration file as EnableTrace does, changes nothing, and tells `observer`
+    /// what it met. False when EnableTrace would refuse the file.
+    bool ReadTraceConfiguration(const char* configFile, const ZoTraceConfigObserver& observer);
+    /// Stores the number and the address of the components and sub-components that a configuration
+    /// can select, a component before its sub-components; true, or false when the logger is not
+    /// initialised. They belong to the logger.
+    bool GetTraceComponents(int* count, const ZoTraceComponentInfo** components) const;
 
     /// Hands a formatted trace line to the one or two trace outputs; true when there is at least
     /// one and each took it.
     bool LogTraceMsg(CZoErrLogMessage& message);
+
+    // Audit channel: as the error channel.
+
+    bool EnableAuditLogRollover(CZoLogOutput* output);
+    void DisableAuditLog();
+    bool LogAuditMsg(CZoErrLogMessage& message);
 
     // Messages and components. The texts belong to the component and are valid while it is loaded.
 
@@ -99,11 +162,13 @@ public:
 
     /// True once a logger has released the component libraries of the process.
     static std::atomic<bool> m_bUnloadedComponents;
-    /// Version of the last trace configuration that was destroyed.
+    /// Version of the last trace configuration that was dropped. Every configuration gets a higher
+    /// version than all earlier ones of the process.
     static std::atomic<int> m_iConfigVersion;
 
 private:
     friend struct ZoLoggerAccess;
+    friend class CZoLoggerList;
     using OutputOwner = std::unique_ptr<CZoLogOutput>;
 
     CZoLogger();
@@ -124,7 +189,28 @@ private:
     bool SetLogOutput_Unlocked(CZoLogOutput* output);
     static bool Install(OutputOwner& slot, CZoLogOutput* output);
     static void Remove(OutputOwner& slot);
+    bool LogTo(CZoErrLogGuard& guard, const OutputOwner& output, CZoErrLogMessage& message);
     static void RemoveForExit(CZoErrLogGuard& guard, std::initializer_list<OutputOwner*> slots);
+
+    struct Heading;
+
+    std::unique_ptr<CZoTraceData> ReadConfiguration(int format, const char* separator,
+                                                    const char* configFile, bool useLocalTime,
+                                                    const ZoTraceConfigObserver* observer);
+    void RemoveTraceOutputs(bool keepSecond);
+    bool InstallTraceOutputs(CZoLogOutput* output, CZoLogOutput* output2, bool keepSecond,
+                             bool buffering);
+    void InstallConfiguration(std::unique_ptr<CZoTraceData> configuration);
+    void DropConfiguration();
+    void PublishTraceState();
+
+    bool MayTrace() const;
+    bool MayTrace(unsigned int componentId) const;
+    bool IsTracing() const;
+    bool IsTracing(unsigned int componentId);
+    bool HandOutRecord(CZoTraceData** record);
+    void Refresh(CZoTraceData& record) const;
+    CZoTraceData* RecordOfThread();
 
     std::atomic<bool> m_bInited;
     OutputOwner m_pErrorOutput;
@@ -143,6 +229,10 @@ private:
     int m_iComponentInfoCount;
     std::unique_ptr<ZoTraceDataFieldInfo[]> m_pDataFieldInfo;
     int m_iDataFieldCount;
+    std::unique_ptr<CZoTraceData> m_pTraceData;  // the installed configuration
+    std::unique_ptr<ZoSelectionCache> m_aComponentTraced;
+    std::atomic<unsigned int> m_traceState;  // what is installed, for a look without the guard
+    unsigned long m_dwTlsIndex;              // 0 for none
     std::atomic<int> m_iExecutionTimeThreshold;
 
     // Owners of what the tables above point to.

@@ -15,11 +15,29 @@ void CZoLogger::DisableLog() {
 }
 
 bool CZoLogger::LogErrMsg(CZoErrLogMessage& message) {
+    return LogTo(m_errorGuard, m_pErrorOutput, message);
+}
+
+bool CZoLogger::EnableAuditLogRollover(CZoLogOutput* output) {
+    const CZoErrLogAutoWriter hold(m_auditGuard);
+    return Install(m_pAuditOutput, output);
+}
+
+void CZoLogger::DisableAuditLog() {
+    const CZoErrLogAutoWriter hold(m_auditGuard);
+    Remove(m_pAuditOutput);
+}
+
+bool CZoLogger::LogAuditMsg(CZoErrLogMessage& message) {
+    return LogTo(m_auditGuard, m_pAuditOutput, message);
+}
+
+bool CZoLogger::LogTo(CZoErrLogGuard& guard, const OutputOwner& output, CZoErrLogMessage& message) {
     if (!Inited()) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_errorGuard);
-    return m_pErrorOutput != nullptr && m_pErrorOutput->Log(message);
+    const CZoErrLogAutoReader hold(guard);
+    return output != nullptr && output->Log(message);
 }
 
 bool CZoLogger::LogTraceMsg(CZoErrLogMessage& message) {

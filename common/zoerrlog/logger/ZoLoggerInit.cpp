@@ -2,7 +2,10 @@
 
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/logger/ZoModuleHolder.h>
-#include <zoerrlog/platform/Clock.h>
+#include <zoerrlog/logger/ZoSelectionCache.h>
+#include <zoerrlog/platform/ThreadSlots.h>
+#include <zoerrlog/trace/ZoTraceData.h>
+#include <zoerrlog/trace/ZoTraceDataPool.h>
 
 namespace {
 
@@ -38,6 +41,9 @@ void CZoLogger::Init() {
         m_ppComponents[i] = LoadComponent(static_cast<unsigned long>(i) + 1, libraries[i]);
     }
     InitKnownInfo();
+    m_aComponentTraced->Reset();
+    ZoTraceDataPool::Instance().AddLogger();
+    m_dwTlsIndex = zoerrlog::platform::AllocateThreadSlot();
     m_bInited.store(true, std::memory_order_release);
 }
 
@@ -60,6 +66,12 @@ void CZoLogger::Release() {
     m_compositeNames.clear();
     m_pDataFieldInfo.reset();
     m_iDataFieldCount = 0;
+    DropConfiguration();
+    PublishTraceState();
+    // In this order: an ending thread must not give back a record that is no longer its own.
+    zoerrlog::platform::FreeThreadSlot(m_dwTlsIndex);
+    ZoTraceDataPool::Instance().RemoveLogger(m_dwTlsIndex);
+    m_dwTlsIndex = zoerrlog::platform::kNoThreadSlot;
     m_bInited.store(false, std::memory_order_release);
 }
 
@@ -74,17 +86,11 @@ void CZoLogger::CloseForExit() {
 
 void CZoLogger::RemoveForExit(CZoErrLogGuard& guard, std::initializer_list<OutputOwner*> slots) {
     // A thread may be stuck in an output, and the process may be exiting from within one: then the
-    // output is left as it is rather than the exit held up.
-    constexpr int kAttempts = 200;
-    constexpr int kPauseMilliseconds = 5;
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        if (guard.TryLockForWrite()) {
-            for (OutputOwner* const slot : slots) {
-                Remove(*slot);
-            }
-            guard.Unlock();
-            return;
+    // output is left as it is.
+    if (guard.LockForExit()) {
+        for (OutputOwner* const slot : slots) {
+            Remove(*slot);
         }
-        zoerrlog::platform::SleepFor(kPauseMilliseconds);
+        guard.Unlock();
     }
 }

@@ -99,3 +99,12 @@ void CZoLogger::DescribeDataFields() {
         info.width = fields[i].width;
     }
 }
+
+bool CZoLogger::GetTraceComponents(int* count, const ZoTraceComponentInfo** components) const {
+    if (!Inited()) {
+        return false;
+    }
+    *count = m_iComponentInfoCount;
+    *components = m_pComponentInfo.get();
+    return true;
+}

@@ -27,6 +27,20 @@ private:
     int m_depth = 0;
 };
 
+/// Holds a critical section while it lives.
+class CriticalSectionHold {
+public:
+    explicit CriticalSectionHold(CriticalSection& section) noexcept : m_section(section) {
+        m_section.Enter();
+    }
+    ~CriticalSectionHold() { m_section.Leave(); }
+    CriticalSectionHold(const CriticalSectionHold&) = delete;
+    CriticalSectionHold& operator=(const CriticalSectionHold&) = delete;
+
+private:
+    CriticalSection& m_section;
+};
+
 }  // namespace zoerrlog::platform
 
 #endif
