@@ -11,7 +11,9 @@
 #include <zoerrlog/base/ZoSemaphore.h>
 #include <zoerrlog/logger/ZoCallbackOutputs.h>
 #include <zoerrlog/logger/ZoErrLogComponent.h>
+#include <zoerrlog/logger/ZoInitLogger.h>
 #include <zoerrlog/logger/ZoLogger.h>
+#include <zoerrlog/logger/ZoLoggerList.h>
 #include <zoerrlog/message/ZoArgList.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
 #include <zoerrlog/output/ZoConsoleOutput.h>
