@@ -41,7 +41,7 @@ CZoFile::~CZoFile() {
 
 bool CZoFile::OpenFile(const char* name, int mode) {
     int flags = 0;
-    if (name == nullptr || *name == '\0' || !FlagsOf(mode, &flags)) {
+    if (name == nullptr || !FlagsOf(mode, &flags)) {
         return false;
     }
     CloseFile();

@@ -17,8 +17,8 @@ public:
 
     /// Opens the file `name`: `mode` 0 or 1 creates or truncates it for writing, 2 creates it or
     /// appends to it, 3 reads it. New files have the permission 0600. True when the file is open.
-    /// A file that this object held before is closed. An unknown mode, or a null or empty name,
-    /// gives false and changes nothing.
+    /// A file that this object held before is closed. An unknown mode, or a null name, gives
+    /// false and changes nothing; for any other failure errno has the reason.
     bool OpenFile(const char* name, int mode);
     /// Closes the file, if one is open.
     void CloseFile();

@@ -70,7 +70,7 @@ public:
     bool LogErrMsg(CZoErrLogMessage& message);
 
     // Trace channel: one output or two, and a configuration that chooses components, fields and
-    // values (see the file format in the documentation of `zolog check`).
+    // values (docs/trace-configuration.md describes the file).
 
     /// Reads the trace configuration `configFile` and starts tracing by it, in the layout `format`
     /// (0 bracketed, 1 columns, 2 delimited by `separator`, 3 XML). The texts are copied; a null

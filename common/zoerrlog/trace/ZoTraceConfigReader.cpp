@@ -75,12 +75,12 @@ bool ZoTraceConfigReader::ReadLines(CZoFile& file) {
             return m_line != 1;
         }
         const bool ended = buffer[result - 1] == '\n';
-        const auto length = static_cast<std::size_t>(ended ? result : result - 1);
-        if (!ended && length == kLongestLine) {
+        const std::string_view line(buffer, static_cast<std::size_t>(ended ? result : result - 1));
+        if (!startsLine && !WithoutLineEnd(line).empty()) {
             Tell(Kind::kLongLine);
         }
         startsLine = ended;
-        if (!TakeLine({buffer, length})) {
+        if (!TakeLine(line)) {
             return false;
         }
     }

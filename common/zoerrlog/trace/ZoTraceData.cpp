@@ -1,6 +1,7 @@
 #include <zoerrlog/trace/ZoTraceData.h>
 
 #include <algorithm>
+#include <bit>
 
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/trace/ZoTraceSettings.h>
@@ -10,6 +11,7 @@ CZoTraceData::CZoTraceData()
       m_bOwnsConfiguration(false),
       m_bLocalTime(false),
       m_iFormat(0),
+      m_valuesSet{},
       m_messageText{},
       m_fieldOrder{},
       m_iConfigVersion(0),
@@ -92,13 +94,13 @@ void CZoTraceData::LeaveNoBody() {
 }
 
 void CZoTraceData::ClearValues() {
-    if (m_valuesSet.any()) {
-        for (unsigned int id = 0; id < kZoDataFieldCount; ++id) {
-            if (m_valuesSet.test(id)) {
-                ClearValue(id);
-            }
+    // Only what was set, which is a few of many.
+    for (unsigned int word = 0; word < kValueWords; ++word) {
+        while (m_valuesSet[word] != 0) {
+            ClearValue(word * kBitsOfWord +
+                       static_cast<unsigned int>(std::countr_zero(m_valuesSet[word])));
+            m_valuesSet[word] &= m_valuesSet[word] - 1;
         }
-        m_valuesSet.reset();
     }
     m_messageText[0] = '\0';
     m_longMessageText.reset();

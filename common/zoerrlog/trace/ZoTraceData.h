@@ -1,9 +1,9 @@
 #ifndef ZOERRLOG_TRACE_ZOTRACEDATA_H
 #define ZOERRLOG_TRACE_ZOTRACEDATA_H
 
-#include <bitset>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -107,6 +107,9 @@ private:
     friend class ZoTraceConfigReader;
     friend class ZoTraceDataPool;
 
+    static constexpr unsigned int kBitsOfWord = 64;
+    static constexpr int kValueWords = (kZoDataFieldCount + kBitsOfWord - 1) / kBitsOfWord;
+
     /// What a line made by AssembleTraceMessage consists of; any other number underlines with "=".
     enum LineKind { kValues = 0, kNames = 1, kDashes = 2, kUnderline = 3 };
 
@@ -153,7 +156,7 @@ private:
     std::shared_ptr<ZoTraceSettings> m_settings;
     ZoTraceDataFieldInfo m_fields[kZoDataFieldCount];
     std::unique_ptr<char[]> m_longValues[kZoDataFieldCount];
-    std::bitset<kZoDataFieldCount> m_valuesSet;
+    std::uint64_t m_valuesSet[kValueWords];  // a bit a field
     CZoErrLogMessage m_message;
     char m_messageText[kZoInlineValueSize];
     std::unique_ptr<char[]> m_longMessageText;

@@ -133,7 +133,7 @@ bool CZoTraceData::SetText(unsigned int id, std::string_view value) {
 void CZoTraceData::Store(unsigned int id, std::string_view value) {
     char* const buffer = BufferFor(id, value.size());
     *std::copy(value.begin(), value.end(), buffer) = '\0';
-    m_valuesSet.set(id);
+    m_valuesSet[id / kBitsOfWord] |= std::uint64_t{1} << id % kBitsOfWord;
 }
 
 // A heap buffer, once taken, also serves the shorter values that follow.
