@@ -40,21 +40,33 @@ public_headers_compile_alone() {
     done
 }
 
-# logs_the_line_of_the_readme <host program>
-# Process, thread and date differ; from the source position on the line is the one shown.
-logs_the_line_of_the_readme() {
-    local log=$1.log expected
-    expected=$(grep -o '\[host\.cpp:.*' "$source/README.md") || return 1
-    "$1" "$log" "$prefix/$datadir/zoerrlog/resources" || return 1
-    sed -E 's/^\[[0-9]+\/[0-9]+\]\[[A-Z][a-z]{2} [A-Z][a-z]{2} [0-9]{2} [0-9]{4} [0-9:]{8}\]//' "$log" |
-        diff - <(echo "$expected")
+# readme_block <info string>: the lines of the first such block.
+readme_block() {
+    awk -v opening="\`\`\`$1" '/^```/ { if (inside) exit; inside = $0 == opening; next } inside' \
+        "$source/README.md"
+}
+
+# without_prolog: process, thread and date differ from run to run.
+without_prolog() {
+    sed -E 's/^\[[0-9]+\/[0-9]+\]\[[A-Z][a-z]{2} [A-Z][a-z]{2} [0-9]{2} [0-9]{4} [0-9:]{8}\]//'
+}
+
+# logs_what_the_readme_shows <host program>
+logs_what_the_readme_shows() {
+    local log logs=$1.logs
+    mkdir "$logs"
+    "$1" "$logs" "$prefix/$datadir/zoerrlog/resources" "$work/host.conf" || return 1
+    for log in error.log trace.log audit.log; do
+        [[ -s $logs/$log ]] || return 1
+        diff <(without_prolog <"$logs/$log") <(readme_block "text $log" | without_prolog) || return 1
+    done
 }
 
 find_package_serves_a_host() {
     "$cmake" -S "$work/consumer" -B "$work/build" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_FLAGS="${strict[*]}" &&
         "$cmake" --build "$work/build" &&
-        logs_the_line_of_the_readme "$work/build/host"
+        logs_what_the_readme_shows "$work/build/host"
 }
 
 pkg_config_serves_a_host() {
@@ -63,7 +75,7 @@ pkg_config_serves_a_host() {
         return 1
     read -ra flags <<<"$flags"
     "$compiler" -std=c++17 "${strict[@]}" "$work/consumer/host.cpp" -o "$work/host" "${flags[@]}" \
-        -Wl,-rpath,"$prefix/$libdir" && logs_the_line_of_the_readme "$work/host"
+        -Wl,-rpath,"$prefix/$libdir" && logs_what_the_readme_shows "$work/host"
 }
 
 # exports_only <library> <pattern of its own demangled names>
@@ -79,8 +91,8 @@ exports_only() {
     { cat "$work/install.log" >&2 && exit 1; }
 mv "$work/installed" "$prefix"
 cp -r "$source/tests/packaging/consumer" "$work"
-awk '/^```/ { if (inside) exit; inside = /cpp$/; next } inside' "$source/README.md" \
-    >"$work/consumer/host.cpp"
+readme_block cpp >"$work/consumer/host.cpp"
+readme_block "text host.conf" >"$work/host.conf"
 check "the public headers alone are installed" only_public_headers_are_installed
 check "every public header compiles alone" public_headers_compile_alone
 check "find_package serves a host" find_package_serves_a_host
@@ -90,7 +102,7 @@ else
     echo "note: no pkg-config here, zoerrlog.pc is not checked"
 fi
 check "libzoerrlog.so exports its interface alone" exports_only libzoerrlog.so \
-    'CZo[A-Z]|Cpa[A-Z]|Zo[A-Z]|theLogger\(|GetComponentPtr$|GetKnown[A-Z]'
+    'CZo[A-Z]|Cpa[A-Z]|Zo[A-Z]|the(Logger|LoggerList)\(|(get|remove)MyLogger\(|ZoInitLogger$|GetComponentPtr$|GetKnown[A-Z]|GetThreadTraceData\(|initializeThread(Key|Id)\(|getThreadId\('
 check "libzoxlate.so exports its interface alone" exports_only libzoxlate.so 'CZoXlate::'
 check "libzoi18n.so exports its interface alone" exports_only libzoi18n.so 'Zo[A-Z]\w*\('
 exit $((failures > 0))
