@@ -6,6 +6,8 @@
 namespace login_logout {
 
 constexpr unsigned int kComponentId = 0x07000000;
+/// The sub-component that checks who logs in; trace lines are offered to it.
+constexpr unsigned int kAuthenticationId = 0x07010000;
 
 /// Arguments: user, address, port.
 constexpr unsigned int kFailedPassword = 1;

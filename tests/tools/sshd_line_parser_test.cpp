@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <zolog/replay/sshd_fields.h>
+
 namespace zolog {
 namespace {
 
@@ -71,6 +73,46 @@ TEST(SshdLineParser, TakesAnyUserName) {
         EXPECT_EQ(Parsed("Mar  9 gw sshd[1]: " + line), event);
         // Without the process tag, too.
         EXPECT_EQ(Parsed(line), event);
+    }
+}
+
+TEST(SshdFields, AreThoseOfWhatTheMessageBeginsWith) {
+    const std::string pam = "logname= uid=0 euid=0 tty=ssh ruser= rhost=";
+    const std::string failure = "pam_unix(sshd:auth): authentication failure";
+    const std::pair<std::string, std::string> cases[] = {
+        {"Accepted password for a from ::1 port 9 ssh2", "Accepted password|a|::1|9|accepted"},
+        {"message repeated 5 times: [ Failed password for root from ::1 port 9 ssh2]",
+         "Failed password|root|::1|9|failed"},
+        {"Failed none for invalid user  from ::1 port 9 ssh2", "Failed none||::1|9|"},
+        {"Invalid user Failed password for root from 9.9.9.9 port 1 from ::1 port 9",
+         "Invalid user|Failed password for root from 9.9.9.9 port 1|::1|9|"},
+        {"input_userauth_request: invalid user  0 [preauth] [preauth]",
+         "input_userauth_request: invalid user|0 [preauth]|||"},
+        {failure + "; " + pam + "h.example.com  user=x  rhost=::1  user=root",
+         failure + "|x  rhost=::1  user=root|h.example.com||"},
+        {"PAM 5 more authentication failures; " + pam + "h ",
+         "PAM more authentication failures||h||"},
+        {"pam_x(y): session opened for user a by b by (uid=0)",
+         "pam_x(y): session opened|a by b|||"},
+        {"Too many authentication failures for sshd[1]: x [preauth]",
+         "Too many authentication failures|sshd[1]: x|||"},
+        {"Connection closed by invalid user a 9.9.9.9 port 1 192.0.2.1 port 9 [preauth]",
+         "Connection closed|a 9.9.9.9 port 1|192.0.2.1|9|"},
+        {"Received disconnect from ::1: 11: from 9.9.9.9 port 1", "Received disconnect||::1||"},
+        {"reverse mapping checking getaddrinfo for h [192.0.2.1] failed",
+         "reverse mapping checking getaddrinfo||192.0.2.1||"},
+        {"fatal: Write failed; 6 > 3", "fatal: Write failed||||"},
+    };
+    for (const auto& [message, expected] : cases) {
+        for (const std::string& line : {"Mar  9 gw sshd[1]: " + message, message}) {
+            const SshdFields fields = FindSshdFields(line);
+            std::string text(fields.function);
+            for (const auto part : {fields.user, fields.address, fields.port, fields.authStatus}) {
+                text.append("|").append(part);
+            }
+            EXPECT_EQ(text, expected) << line;
+            EXPECT_EQ(fields.message, message);
+        }
     }
 }
 

@@ -34,6 +34,9 @@ std::vector<std::string> ReadLog(const std::string& directory) {
         R"((\[[^\]]+:\d+\]\[(?:ERROR|WARNING|INFO)\]\[zo-login-0000[123]\] .*))");
     std::vector<std::string> lines;
     for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+        if (!entry.path().filename().string().starts_with("error")) {
+            continue;
+        }
         std::ifstream stream(entry.path(), std::ios::binary);
         for (std::string line; std::getline(stream, line);) {
             std::smatch match;

@@ -18,8 +18,8 @@ using Arguments = std::vector<std::string>;
 Outcome RunZolog(const zotest::TemporaryDirectory& directory, const Arguments& arguments,
                  const std::string& input = "");
 
-/// The lines of all logs in `directory`, ordered, from the source position on: what stands before
-/// it differs from run to run. A line of another shape fails the test.
+/// The lines of all error logs in `directory`, ordered, from the source position on: what stands
+/// before it differs from run to run. A line of another shape fails the test.
 std::vector<std::string> ReadLog(const std::string& directory);
 
 #endif

@@ -11,7 +11,9 @@ const char kFailedLine[] = "sshd[1]: Failed password for root from 192.0.2.1 por
 TEST(ZologUsage, TheStatusAndASentenceSayHowItEnded) {
     const zotest::TemporaryDirectory directory;
     directory.Write("in.log", kFailedLine);
+    directory.Write("bad", "version: 1.1\ndata: User\n");
     std::filesystem::create_directories(directory.File("folder/error.log"));
+    std::filesystem::create_directories(directory.File("o/trace.log"));
     const struct {
         Arguments arguments;
         int status;
@@ -33,10 +35,14 @@ TEST(ZologUsage, TheStatusAndASentenceSayHowItEnded) {
         {{"replay", "in.log", "--out", "folder", "--mode", "1"},
          2,
          {"'folder/error.log'", "Is a directory"}},
+        {{"replay", "in.log", "--out", "o", "--mode", "1"}, 2, {"'o/trace.log'", "Is a directory"}},
+        {{"replay", "in.log", "--trace-config", "none.conf"}, 2, {"'none.conf'", "No such file"}},
+        {{"replay", "in.log", "--out", "o", "--trace-config", "o"}, 2, {"'o'", "Is a directory"}},
+        {{"replay", "in.log", "--out", "o", "--trace-config", "bad"}, 2, {"zolog check bad"}},
         {{"replay", "in.log", "--resources", "in.log"}, 2, {"'in.log'", "not a directory"}},
         {{"replay", "in.log", "--locale", "f/r"}, 2, {"'f/r'", "locale"}},
         // Standard output is a file here, and that is no console.
-        {{"replay", "in.log", "--console"}, 1, {"accepted: 0\nrefused: 1\n"}},
+        {{"replay", "in.log", "--console"}, 1, {"traced: 0\naudited: 0\nrefused: 3\n"}},
     };
     for (const auto& [arguments, status, sentence] : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));

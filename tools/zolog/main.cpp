@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <zolog/check/check_command.h>
 #include <zolog/command.h>
 #include <zolog/replay/replay_command.h>
 
@@ -14,6 +15,7 @@ int Run(int argc, char** argv) {
     app.set_version_flag("--version", "zolog " ZOLOG_VERSION);
     zolog::CommandAction action;
     zolog::AddReplayCommand(app, action);
+    zolog::AddCheckCommand(app, action);
 
     try {
         app.parse(argc, argv);

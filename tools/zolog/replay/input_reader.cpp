@@ -56,7 +56,8 @@ Input::Input(const std::vector<std::string>& files) {
         File& added = m_files.emplace_back();
         added.baseName = std::filesystem::path(file).filename().string();
         added.text = ReadFile(file);
-        // A zero byte inside a name would split it into two arguments of a message.
+        // A zero byte would cut an audit line and a trace field, and split a name into two
+        // arguments of a message.
         std::replace(added.text.begin(), added.text.end(), '\0', '?');
         AddLines(added);
     }

@@ -8,7 +8,8 @@
 
 namespace zolog {
 
-/// A line of the input, without its line end. What it points to lives as long as the Input.
+/// A line of the input, without its line end and with a "?" for every zero byte. What it points to
+/// lives as long as the Input.
 struct InputLine {
     std::string_view text;
     const char* fileName;  ///< the base name, or "-" for standard input

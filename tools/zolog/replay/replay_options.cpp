@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kMaxThreads = 1024;
 constexpr int kMaxMode = 4;
+constexpr int kMaxFormat = 3;
 // The file output keeps its limit in bytes in 32 bits: one megabyte more would count as none.
 constexpr int kMaxSizeMB = 4095;
 constexpr int kNoUpperLimit = std::numeric_limits<int>::max();
@@ -30,7 +31,7 @@ void AddReplayOptions(CLI::App& command, ReplayOptions& options) {
         "");
 
     command.add_option("FILE", options.files, "sshd logs to read; - is standard input")->required();
-    command.add_option("--out", options.outDirectory, "directory of error.log; made if missing")
+    command.add_option("--out", options.outDirectory, "directory of the logs; made if missing")
         ->type_name("DIR")
         ->check(notEmpty)
         ->capture_default_str();
@@ -44,7 +45,7 @@ void AddReplayOptions(CLI::App& command, ReplayOptions& options) {
         ->capture_default_str();
     command
         .add_option("--mode", options.mode,
-                    "0 overwrites error.log, 1 appends to it, 2 rolls it over at the start, "
+                    "0 overwrites each log, 1 appends to it, 2 rolls it over at the start, "
                     "3 at the size limit, 4 at both")
         ->check(CLI::Range(0, kMaxMode))
         ->type_name("0..4")
@@ -53,9 +54,21 @@ void AddReplayOptions(CLI::App& command, ReplayOptions& options) {
         ->check(CLI::Range(0, kMaxSizeMB))
         ->type_name("MB")
         ->capture_default_str();
-    command.add_option("--backups", options.backups, "backups to keep; 0 keeps all")
+    command.add_option("--backups", options.backups, "backups to keep of each log; 0 keeps all")
         ->check(CLI::Range(0, kNoUpperLimit))
         ->type_name("N")
+        ->capture_default_str();
+    command.add_option("--trace-config", options.traceConfig, "chooses what is traced")
+        ->type_name("FILE")
+        ->check(notEmpty);
+    command
+        .add_option("--format", options.format,
+                    "trace lines are 0 bracketed, 1 in columns, 2 delimited, 3 XML")
+        ->check(CLI::Range(0, kMaxFormat))
+        ->type_name("0..3")
+        ->capture_default_str();
+    command.add_option("--separator", options.separator, "between the fields of format 2")
+        ->type_name("TEXT")
         ->capture_default_str();
     command.add_option("--locale", options.locale, "locale of the message texts")
         ->type_name("NAME")
@@ -64,7 +77,7 @@ void AddReplayOptions(CLI::App& command, ReplayOptions& options) {
         ->type_name("DIR")
         ->check(notEmpty);
     command.add_flag("--local-time", options.localTime, "dates in local time, not UTC");
-    command.add_flag("--console", options.console, "writes to the console, not to a file");
+    command.add_flag("--console", options.console, "writes to the console, not to files");
     command.add_flag("--quiet", options.quiet, "no progress bar and no summary");
 }
 

@@ -21,8 +21,11 @@ struct ReplayOptions {
     int mode = 4;
     int maxSizeMB = 100;
     int backups = 10;
-    std::string locale;     ///< empty: the library's own
-    std::string resources;  ///< empty: beside the program, or else the library's own
+    std::string traceConfig;      ///< empty: beside the program
+    int format = 0;               ///< of a trace line
+    std::string separator = "|";  ///< between the fields of format 2
+    std::string locale;           ///< empty: the library's own
+    std::string resources;        ///< empty: beside the program, or else the library's own
     bool localTime = false;
     bool console = false;
     bool quiet = false;

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <iostream>
 #include <optional>
+#include <string>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -16,6 +17,7 @@
 #include <zolog/replay/progress_bar.h>
 #include <zolog/replay/replay_options.h>
 #include <zolog/replay/sshd_line_parser.h>
+#include <zolog/replay/trace_line.h>
 
 namespace zolog {
 
@@ -76,8 +78,7 @@ bool WriteMessage(const InputLine& line, const SshdEvent& event, const MessageKi
     return theLogger()->LogErrMsg(record);
 }
 
-void ReplayLine(const InputLine& line, Tally& tally) {
-    ++tally.linesRead;
+void ReportLine(const InputLine& line, Tally& tally) {
     const std::optional<SshdEvent> event = ParseSshdLine(line.text);
     if (!event) {
         return;
@@ -85,6 +86,34 @@ void ReplayLine(const InputLine& line, Tally& tally) {
     const MessageKind kind = KindOf(event->kind);
     ++tally.messages[kind.severity];
     ++(WriteMessage(line, *event, kind) ? tally.accepted : tally.refused);
+}
+
+void OfferLine(const InputLine& line, Tally& tally) {
+    ++tally.offered;
+    switch (TraceLine(line)) {
+        case TraceOutcome::kFilteredOut:
+            ++tally.filteredOut;
+            break;
+        case TraceOutcome::kTraced:
+            ++tally.traced;
+            break;
+        case TraceOutcome::kRefused:
+            ++tally.refused;
+            break;
+    }
+}
+
+void AuditLine(const InputLine& line, Tally& tally) {
+    CZoErrLogMessage record;
+    record.SetFormattedMessage(std::string(line.text).append(1, '\n').c_str());
+    ++(theLogger()->LogAuditMsg(record) ? tally.audited : tally.refused);
+}
+
+void ReplayLine(const InputLine& line, Tally& tally) {
+    ++tally.linesRead;
+    ReportLine(line, tally);
+    OfferLine(line, tally);
+    AuditLine(line, tally);
 }
 
 // Counts into a tally of its own stack, so that no two threads write to the same cache line.
@@ -129,6 +158,10 @@ Tally& Tally::operator+=(const Tally& other) {
         messages[i] += other.messages[i];
     }
     accepted += other.accepted;
+    offered += other.offered;
+    filteredOut += other.filteredOut;
+    traced += other.traced;
+    audited += other.audited;
     refused += other.refused;
     return *this;
 }

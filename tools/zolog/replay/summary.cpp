@@ -13,6 +13,10 @@ void WriteSummary(std::ostream& stream, const ReplayResult& result,
            << "WARNING: " << tally.messages[kWarning] << '\n'
            << "INFO: " << tally.messages[kInformation] << '\n'
            << "accepted: " << tally.accepted << '\n'
+           << "offered: " << tally.offered << '\n'
+           << "filtered out: " << tally.filteredOut << '\n'
+           << "traced: " << tally.traced << '\n'
+           << "audited: " << tally.audited << '\n'
            << "refused: " << tally.refused << '\n';
     for (const WrittenFile& file : files) {
         stream << "file: " << file.path << " (" << file.size << " bytes)\n";

@@ -4,7 +4,7 @@
 #include <iosfwd>
 #include <vector>
 
-#include <zolog/replay/error_log.h>
+#include <zolog/replay/log_files.h>
 #include <zolog/replay/replay_run.h>
 
 namespace zolog {
