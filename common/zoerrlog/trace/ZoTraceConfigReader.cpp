@@ -68,12 +68,12 @@ bool ZoTraceConfigReader::ReadLines(CZoFile& file) {
         if (result == 0) {
             return true;
         }
-        m_line += startsLine ? 1 : 0;
         if (result < 0) {
             // A directory opens like a file and fails here.
-            Tell(m_line == 1 ? Kind::kUnreadable : Kind::kReadError);
-            return m_line != 1;
+            Tell(m_line == 0 ? Kind::kUnreadable : Kind::kReadError);
+            return m_line != 0;
         }
+        m_line += startsLine ? 1 : 0;
         const bool ended = buffer[result - 1] == '\n';
         const std::string_view line(buffer, static_cast<std::size_t>(ended ? result : result - 1));
         if (!startsLine && !WithoutLineEnd(line).empty()) {

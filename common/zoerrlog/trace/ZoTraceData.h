@@ -130,8 +130,6 @@ private:
     void SetFilter(ZoTraceDataFieldInfo& field, unsigned int filterOperator,
                    std::string_view value);
 
-    template <typename Number>
-    bool SetNumber(unsigned int id, Number value);
     bool SetKnownOrNumber(unsigned int id, long value);
     bool SetText(unsigned int id, std::string_view value);
     void Store(unsigned int id, std::string_view value);

@@ -22,6 +22,21 @@ constexpr int kDecimals = 6;
 constexpr std::size_t kLongestDouble =
     1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + kDecimals;
 
+/// An integer in decimal.
+template <typename Number>
+class Decimal {
+public:
+    explicit Decimal(Number value)
+        : m_length(static_cast<std::size_t>(std::to_chars(m_text, std::end(m_text), value).ptr -
+                                            m_text)) {}
+
+    operator std::string_view() const { return {m_text, m_length}; }
+
+private:
+    char m_text[std::numeric_limits<Number>::digits10 + 2];
+    std::size_t m_length;
+};
+
 char* WriteTime(const std::tm& time, char* text) {
     text = message::WriteDigits(time.tm_hour, 2, text);
     *text++ = ':';
@@ -56,13 +71,6 @@ bool Passes(std::string_view value, unsigned int filterOperator, std::string_vie
 
 }  // namespace
 
-template <typename Number>
-bool CZoTraceData::SetNumber(unsigned int id, Number value) {
-    char text[std::numeric_limits<Number>::digits10 + 2];
-    const char* const end = std::to_chars(text, std::end(text), value).ptr;
-    return SetText(id, {text, static_cast<std::size_t>(end - text)});
-}
-
 bool CZoTraceData::SetFieldValue(unsigned int id, int value) {
     return SetKnownOrNumber(id, value);
 }
@@ -74,32 +82,32 @@ bool CZoTraceData::SetFieldValue(unsigned int id, long value) {
 bool CZoTraceData::SetKnownOrNumber(unsigned int id, long value) {
     switch (id) {
         case kPid:
-            return SetNumber(id, platform::ProcessId());
+            return SetText(id, Decimal(platform::ProcessId()));
         case kTid:
-            return SetNumber(id, platform::ThreadId());
+            return SetText(id, Decimal(platform::ThreadId()));
         case kDate:
         case kTime:
         case kPreciseTime:
             return static_cast<int>(id) != m_iDateTimeLevel || PopulateDateandTime();
         default:
-            return SetNumber(id, value);
+            return SetText(id, Decimal(value));
     }
 }
 
 bool CZoTraceData::SetFieldValue(unsigned int id, unsigned int value) {
-    return SetNumber(id, value);
+    return SetText(id, Decimal(value));
 }
 
 bool CZoTraceData::SetFieldValue(unsigned int id, unsigned long value) {
-    return SetNumber(id, value);
+    return SetText(id, Decimal(value));
 }
 
 bool CZoTraceData::SetFieldValue(unsigned int id, long long value) {
-    return SetNumber(id, value);
+    return SetText(id, Decimal(value));
 }
 
 bool CZoTraceData::SetFieldValue(unsigned int id, unsigned long long value) {
-    return SetNumber(id, value);
+    return SetText(id, Decimal(value));
 }
 
 bool CZoTraceData::SetFieldValue(unsigned int id, double value) {
