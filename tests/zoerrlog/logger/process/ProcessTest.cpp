@@ -16,6 +16,7 @@
 #include <zoerrlog/zoerrlog.h>
 
 #include "support/TemporaryDirectory.h"
+#include "zoerrlog/logger/CountingOutput.h"
 
 namespace {
 
@@ -99,6 +100,19 @@ TEST(Exit, WhileThreadsLogKeepsEveryLineThatWasTaken) {
             EXPECT_TRUE(uncounted == 0 || uncounted == 1) << uncounted;
         }
     }
+}
+
+zotest::OutputCounts g_counts;
+
+TEST(Exit, ClosesTheOutputsOfNamedLoggers) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // Runs after what the registry, which is made later, does at the exit.
+        std::atexit([] { ::_exit(g_counts.closed == 1 && g_counts.destroyed == 1 ? 0 : 1); });
+        CZoLogOutput* const output = new zotest::CountingOutput(g_counts);
+        std::exit(removeMyLogger("none") && getMyLogger("named")->SetLogOutput(output) ? 0 : 1);
+    }
+    EXPECT_EQ(StatusOf(child), 0);
 }
 
 std::atomic<std::size_t> g_blocked{0};
