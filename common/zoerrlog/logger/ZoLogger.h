@@ -162,8 +162,8 @@ public:
 
     /// True once a logger has released the component libraries of the process.
     static std::atomic<bool> m_bUnloadedComponents;
-    /// Version of the last trace configuration that was dropped. Every configuration gets a higher
-    /// version than all earlier ones of the process.
+    /// The highest version of a trace configuration that was dropped. Every configuration gets a
+    /// higher version than all earlier ones of the process.
     static std::atomic<int> m_iConfigVersion;
 
 private:
