@@ -9,6 +9,8 @@
 #include <zoerrlog/base/ZoGuard.h>
 #include <zoerrlog/base/ZoLocks.h>
 #include <zoerrlog/base/ZoSemaphore.h>
+#include <zoerrlog/base/ZoTimeValue.h>
+#include <zoerrlog/error/ZoError.h>
 #include <zoerrlog/logger/ZoCallbackOutputs.h>
 #include <zoerrlog/logger/ZoErrLogComponent.h>
 #include <zoerrlog/logger/ZoInitLogger.h>
