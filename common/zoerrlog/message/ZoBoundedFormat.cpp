@@ -1,16 +1,36 @@
 #include <zoerrlog/message/ZoBoundedFormat.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 namespace zoerrlog::message {
 namespace {
 
-// The characters that may stand between "%" and the conversion's letter.
-constexpr const char* kFlagsWidthAndPrecision = "0123456789$ #+-'I*.";
-constexpr const char* kLengthModifiers = "hlqjzZtL";
+// What may stand between "%" and the conversion's letter.
+enum PartOfConversion : unsigned char { kLetter = 0, kOption, kLengthModifier };
+
+// By character; looked up rather than searched for, because every pattern is read on every line.
+constexpr auto kParts = [] {
+    std::array<PartOfConversion, 256> parts{};
+    for (const char option : std::string_view("0123456789$ #+-'I*.")) {
+        parts[static_cast<unsigned char>(option)] = kOption;
+    }
+    for (const char modifier : std::string_view("hlqjzZtL")) {
+        parts[static_cast<unsigned char>(modifier)] = kLengthModifier;
+    }
+    return parts;
+}();
+
+const char* Skip(const char* text, PartOfConversion part) {
+    while (kParts[static_cast<unsigned char>(*text)] == part) {
+        ++text;
+    }
+    return text;
+}
 
 struct Conversion {
     const char* options;  // behind the "%"
@@ -20,8 +40,8 @@ struct Conversion {
 
 Conversion ParseConversion(const char* percent) {
     const char* const options = percent + 1;
-    const char* const length = options + std::strspn(options, kFlagsWidthAndPrecision);
-    return {options, length, length + std::strspn(length, kLengthModifiers)};
+    const char* const length = Skip(options, kOption);
+    return {options, length, Skip(length, kLengthModifier)};
 }
 
 enum class MemoryWrites { kNone, kAvoidable, kUnavoidable };
