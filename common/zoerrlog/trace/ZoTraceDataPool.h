@@ -42,7 +42,7 @@ private:
     ZoTraceDataPool();
     ~ZoTraceDataPool();
 
-    static void OnThreadEnd(zoerrlog::platform::ThreadSlot slot, void* entry) noexcept;
+    static void OnThreadEnd(zoerrlog::platform::ThreadSlot slot, void* value) noexcept;
     void AfterForkInChild() noexcept override;
 
     static constexpr std::size_t kGrowth = 30;
