@@ -26,9 +26,17 @@ void CZoErrLogMessage::BeginTraceFormat(int format, bool useLocalTime, const cha
 
 void CZoErrLogMessage::FormatTraceField(const char* value, const char* name) {
     switch (m_iTraceFormat) {
-        case kBracketed:
-            m_text.append({"[", value, "]"});
+        case kBracketed: {
+            // By hand: this is done for every field of every line, and single bytes as parts of
+            // their own would double its cost.
+            const std::string_view text(value);
+            char* next = m_text.prepare(text.size() + 2);
+            *next++ = '[';
+            next = std::copy(text.begin(), text.end(), next);
+            *next = ']';
+            m_text.commit(text.size() + 2);
             break;
+        }
         case kDelimited:
             m_text.append({m_bFirstField ? "" : m_pszTraceTag, value});
             m_bFirstField = false;
