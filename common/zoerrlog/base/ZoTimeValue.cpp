@@ -51,29 +51,29 @@ CTimeValue NoSplit() {
 
 const CTimeValue CTimeValue::maxTime(Limits::max(), kMicrosecondsPerSecond - 1);
 
-CTimeValue::CTimeValue(long sec, long usec) {
+CTimeValue::CTimeValue(long sec, long usec) noexcept : CTimeValue() {
     Set(sec, usec);
 }
 
-CTimeValue::CTimeValue(const timeval32& value) {
+CTimeValue::CTimeValue(const timeval32& value) noexcept : CTimeValue() {
     Set(value);
 }
 
-CTimeValue::CTimeValue(const FILETIME& fileTime) {
+CTimeValue::CTimeValue(const FILETIME& fileTime) noexcept : CTimeValue() {
     Set(fileTime);
 }
 
-void CTimeValue::Set(long sec, long usec) {
+void CTimeValue::Set(long sec, long usec) noexcept {
     m_sec = Wrapped(sec);
     m_usec = Wrapped(usec);
     Normalize();
 }
 
-void CTimeValue::Set(const timeval32& value) {
+void CTimeValue::Set(const timeval32& value) noexcept {
     Set(value.tv_sec, value.tv_usec);
 }
 
-void CTimeValue::Set(const FILETIME& fileTime) {
+void CTimeValue::Set(const FILETIME& fileTime) noexcept {
     const std::uint64_t ticks =
         (std::uint64_t{fileTime.dwHighDateTime} << kHalfBits | fileTime.dwLowDateTime) -
         static_cast<std::uint64_t>(kTicksBetweenEpochs);
@@ -95,7 +95,7 @@ void CTimeValue::Set(double seconds) {
     Normalize();
 }
 
-void CTimeValue::Normalize() {
+void CTimeValue::Normalize() noexcept {
     m_sec = Sum(m_sec, m_usec / kMicrosecondsPerSecond);
     m_usec %= kMicrosecondsPerSecond;
     if (m_sec >= 1 && m_usec < 0) {
@@ -179,8 +179,9 @@ long CTimeValue::GetSecondsLeft() const {
 
 void CTimeValue::GetFormattedTimeValue(char* text) {
     constexpr std::size_t kRoom = 22;
-    std::snprintf(text, kRoom, "%02ld:%02ld:%02ld.%06d", GetHours(), GetMinutesLeft(),
-                  GetSecondsLeft(), m_usec);
+    // What does not fit is cut.
+    static_cast<void>(std::snprintf(text, kRoom, "%02ld:%02ld:%02ld.%06d", GetHours(),
+                                    GetMinutesLeft(), GetSecondsLeft(), m_usec));
 }
 
 bool CTimeValue::IsZeroTime() {

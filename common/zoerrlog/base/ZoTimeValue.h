@@ -29,21 +29,21 @@ public:
     /// The largest value: 2147483647 seconds and 999999 microseconds.
     static const CTimeValue maxTime;
 
-    CTimeValue() : m_sec(0), m_usec(0) {}
+    CTimeValue() noexcept : m_sec(0), m_usec(0) {}
     /// Normalises.
-    CTimeValue(long sec, long usec);
+    CTimeValue(long sec, long usec) noexcept;
     /// Normalises.
-    CTimeValue(const timeval32& value);
+    CTimeValue(const timeval32& value) noexcept;
     /// An instant from 1970 on; earlier ones give a meaningless value. Fractions of a microsecond
     /// are dropped.
-    CTimeValue(const FILETIME& fileTime);
+    CTimeValue(const FILETIME& fileTime) noexcept;
     CTimeValue(const CTimeValue&) = default;
     CTimeValue& operator=(const CTimeValue&) = default;
 
     // As the constructors.
-    void Set(long sec, long usec);
-    void Set(const timeval32& value);
-    void Set(const FILETIME& fileTime);
+    void Set(long sec, long usec) noexcept;
+    void Set(const timeval32& value) noexcept;
+    void Set(const FILETIME& fileTime) noexcept;
     /// Seconds with a fraction, cut to microseconds; values beyond 32-bit seconds become the
     /// nearest that there is, and what is no number becomes 0. Normalises.
     void Set(double seconds);
@@ -90,7 +90,7 @@ public:
     void operator-=(const CTimeValue& other);
 
 private:
-    void Normalize();
+    void Normalize() noexcept;
 
     std::int32_t m_sec;
     std::int32_t m_usec;
@@ -110,6 +110,8 @@ class ZOERRLOG_EXPORT CStopwatch {
 public:
     CStopwatch();
     ~CStopwatch();
+    CStopwatch(const CStopwatch&) = delete;
+    CStopwatch& operator=(const CStopwatch&) = delete;
 
     /// Forgets the start and the splits.
     void Reset();
@@ -126,9 +128,6 @@ public:
     CTimeValue GetLastSplit();
 
 private:
-    CStopwatch(const CStopwatch&);
-    CStopwatch& operator=(const CStopwatch&);
-
     CTimeValue m_start;
     std::vector<CTimeValue> m_splits;
 };
