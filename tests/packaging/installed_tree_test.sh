@@ -102,7 +102,7 @@ else
     echo "note: no pkg-config here, zoerrlog.pc is not checked"
 fi
 check "libzoerrlog.so exports its interface alone" exports_only libzoerrlog.so \
-    'CZo[A-Z]|Cpa[A-Z]|Zo[A-Z]|the(Logger|LoggerList)\(|(get|remove)MyLogger\(|ZoInitLogger$|GetComponentPtr$|GetKnown[A-Z]|GetThreadTraceData\(|initializeThread(Key|Id)\(|getThreadId\(|CTimeValue|CStopwatch|operator[<>=!]+\(CTimeValue'
+    'CZo[A-Z]|Cpa[A-Z]|Zo[A-Z]|the(Logger|LoggerList)\(|(get|remove)MyLogger\(|ZoInitLogger$|GetComponentPtr$|GetKnown[A-Z]|GetThreadTraceData\(|initializeThread(Key|Id)\(|getThreadId\(|Java_com_velmora_zoerrlog_ZoLogger_|CTimeValue|CStopwatch|operator[<>=!]+\(CTimeValue'
 check "libzoxlate.so exports its interface alone" exports_only libzoxlate.so 'CZoXlate::'
 check "libzoi18n.so exports its interface alone" exports_only libzoi18n.so 'Zo[A-Z]\w*\('
 exit $((failures > 0))
