@@ -95,7 +95,7 @@ void WriteError(CZoLogger& logger, const char* sourceFile, jint messageId, const
     static_cast<void>(logger.LogErrMsg(message));
 }
 
-/// What both forms of TraceMsg have in common.
+/// The texts of a call of TraceMsg, and the writing of its line.
 struct TraceCall {
     JavaText loggerName;
     JavaText sourceFile;
@@ -226,19 +226,6 @@ Java_com_velmora_zoerrlog_ZoLogger_LogMsg__Ljava_lang_String_2Ljava_lang_String_
 }
 
 ZOERRLOG_JAVA(jint)
-Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2(
-    JNIEnv* env, jclass /*caller*/, jstring loggerName, jstring sourceFile, jstring function,
-    jint componentId, jstring transactionId, jstring message) {
-    return Guarded(kDone, [&] {
-        const TraceCall call{{env, loggerName},    {env, sourceFile},
-                             {env, function},      static_cast<unsigned int>(componentId),
-                             {env, transactionId}, {env, message}};
-        call.Write([&call] { return std::string(call.message.OrEmpty()); });
-        return kDone;
-    });
-}
-
-ZOERRLOG_JAVA(jint)
 Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2_3Ljava_lang_String_2(
     JNIEnv* env, jclass /*caller*/, jstring loggerName, jstring sourceFile, jstring function,
     jint componentId, jstring transactionId, jstring message, jobjectArray arguments) {
@@ -261,6 +248,16 @@ Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_Strin
         });
         return kDone;
     });
+}
+
+ZOERRLOG_JAVA(jint)
+Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2(
+    JNIEnv* env, jclass caller, jstring loggerName, jstring sourceFile, jstring function,
+    jint componentId, jstring transactionId, jstring message) {
+    constexpr jobjectArray kNoArguments = nullptr;
+    return Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2_3Ljava_lang_String_2(
+        env, caller, loggerName, sourceFile, function, componentId, transactionId, message,
+        kNoArguments);
 }
 
 ZOERRLOG_JAVA(jboolean)
