@@ -254,10 +254,9 @@ ZOERRLOG_JAVA(jint)
 Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2(
     JNIEnv* env, jclass caller, jstring loggerName, jstring sourceFile, jstring function,
     jint componentId, jstring transactionId, jstring message) {
-    constexpr jobjectArray kNoArguments = nullptr;
     return Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_String_2Ljava_lang_String_2ILjava_lang_String_2Ljava_lang_String_2_3Ljava_lang_String_2(
         env, caller, loggerName, sourceFile, function, componentId, transactionId, message,
-        kNoArguments);
+        /*arguments=*/nullptr);
 }
 
 ZOERRLOG_JAVA(jboolean)
