@@ -29,6 +29,10 @@ void HeldGuards::Add(std::uint64_t guard) noexcept {
 bool HeldGuards::Remove(std::uint64_t guard) noexcept {
     Stack& held = t_held;
     // Nearly always the last one: guards are let go in the reverse order.
+    if (held.size > 0 && held.entries[held.size - 1] == guard) {
+        --held.size;
+        return true;
+    }
     for (unsigned i = held.size; i-- > 0;) {
         if (held.entries[i] == guard) {
             std::copy(held.entries + i + 1, held.entries + held.size, held.entries + i);
