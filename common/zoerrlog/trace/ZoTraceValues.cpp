@@ -4,9 +4,8 @@
 #include <iterator>
 #include <limits>
 
-#include <zoerrlog/message/ZoDateText.h>
-#include <zoerrlog/platform/Clock.h>
 #include <zoerrlog/platform/Process.h>
+#include <zoerrlog/trace/ZoClockTexts.h>
 #include <zoerrlog/trace/ZoDataFields.h>
 #include <zoerrlog/trace/ZoFilterOperator.h>
 #include <zoerrlog/trace/ZoTraceData.h>
@@ -36,23 +35,6 @@ private:
     char m_text[std::numeric_limits<Number>::digits10 + 2];
     std::size_t m_length;
 };
-
-char* WriteTime(const std::tm& time, char* text) {
-    text = message::WriteDigits(time.tm_hour, 2, text);
-    *text++ = ':';
-    text = message::WriteDigits(time.tm_min, 2, text);
-    *text++ = ':';
-    return message::WriteDigits(time.tm_sec, 2, text);
-}
-
-char* WriteDate(const std::tm& time, char* text) {
-    constexpr int kFirstYear = 1900;
-    text = message::WriteDigits(time.tm_mon + 1, 2, text);
-    *text++ = '/';
-    text = message::WriteDigits(time.tm_mday, 2, text);
-    *text++ = '/';
-    return message::WriteDigits(time.tm_year + kFirstYear, 4, text);
-}
 
 bool Passes(std::string_view value, unsigned int filterOperator, std::string_view filterValue) {
     switch (filterOperator) {
@@ -165,18 +147,10 @@ bool CZoTraceData::TestDataFilter(unsigned int id) const {
 }
 
 bool CZoTraceData::PopulateDateandTime() {
-    constexpr std::size_t kLongest = sizeof("hh:mm:ss.mmm");
-    const platform::WallTime now = platform::Now();
-    const std::tm& time = platform::BreakDown(now.seconds, m_bLocalTime);
-    char text[kLongest];
-    const auto store = [&](unsigned int id, const char* end) {
-        Store(id, {text, static_cast<std::size_t>(end - text)});
-    };
-    store(kDate, WriteDate(time, text));
-    char* end = WriteTime(time, text);
-    store(kTime, end);
-    *end++ = '.';
-    store(kPreciseTime, message::WriteDigits(now.Milliseconds(), 3, end));
+    const ClockTexts now = ReadClock(m_bLocalTime);
+    Store(kDate, now.date);
+    Store(kTime, now.time);
+    Store(kPreciseTime, now.preciseTime);
 
     const unsigned int clockFields[] = {kDate, kTime, kPreciseTime};
     return std::all_of(std::begin(clockFields), std::end(clockFields), [this](unsigned int id) {
