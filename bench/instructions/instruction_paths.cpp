@@ -22,16 +22,6 @@ constexpr unsigned int kAuthentication = 0x07010000;  // selected
 constexpr unsigned int kLegacy = 0x01010000;          // not selected
 constexpr unsigned int kLoginRefused = 0x0700C001;    // takes three arguments
 
-enum Field : unsigned int {
-    kMessage = 0,
-    kTid = 3,
-    kPreciseTime = 6,
-    kFunction = 7,
-    kUser = 9,
-    kIPAddr = 26,
-    kAuthStatus = 28
-};
-
 void Require(bool holds, const std::string& what) {
     if (!holds) {
         std::cerr << "instruction_paths: does not work: " << what << '\n';
@@ -81,11 +71,13 @@ bool TraceLine() {
         return false;
     }
     const bool passed =
-        line->SetFieldValue(kFunction, "CheckPassword") &&
-        line->SetFieldValue(kUser, "webmaster") && line->SetFieldValue(kIPAddr, "192.0.2.17") &&
-        line->SetFieldValue(kAuthStatus, "failed") &&
-        line->SetFieldValue(kMessage, line->FormatTraceMessage("attempt %d on port %s", 3, "22")) &&
-        line->SetFieldValue(kTid, 0) && line->SetFieldValue(kPreciseTime, 0);
+        line->SetFieldValue(kZoFieldFunction, "CheckPassword") &&
+        line->SetFieldValue(kZoFieldUser, "webmaster") &&
+        line->SetFieldValue(kZoFieldIPAddr, "192.0.2.17") &&
+        line->SetFieldValue(kZoFieldAuthStatus, "failed") &&
+        line->SetFieldValue(kZoFieldMessage,
+                            line->FormatTraceMessage("attempt %d on port %s", 3, "22")) &&
+        line->SetFieldValue(kZoFieldTid, 0) && line->SetFieldValue(kZoFieldPreciseTime, 0);
     const bool written = passed && line->Format() && line->Log();
     line->LeaveNoBody();
     return written;

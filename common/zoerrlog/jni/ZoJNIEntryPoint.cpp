@@ -13,14 +13,12 @@
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/logger/ZoLoggerList.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
-#include <zoerrlog/trace/ZoDataFields.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 #include <zoxlate/zoxlate.h>
 
 #define ZOERRLOG_JAVA(type) extern "C" ZOERRLOG_EXPORT type JNICALL
 
 using namespace zoerrlog::jni;
-using namespace zoerrlog::trace;
 
 namespace {
 
@@ -119,11 +117,11 @@ struct TraceCall {
             return;
         }
         const std::string text = textOf();
-        WriteTraceLine(*record,
-                       {{kFunction, function.OrEmpty()},
-                        {kMessage, text.c_str()},
-                        {kTransactionId, transactionId.OrEmpty()},
-                        {kSrcFile, CZoErrLogMessage::PathnameFindFilePart(sourceFile.OrEmpty())}});
+        WriteTraceLine(*record, {{kZoFieldFunction, function.OrEmpty()},
+                                 {kZoFieldMessage, text.c_str()},
+                                 {kZoFieldTransactionID, transactionId.OrEmpty()},
+                                 {kZoFieldSrcFile,
+                                  CZoErrLogMessage::PathnameFindFilePart(sourceFile.OrEmpty())}});
     }
 };
 

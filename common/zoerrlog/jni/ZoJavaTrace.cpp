@@ -4,11 +4,8 @@
 #include <string>
 
 #include <zoerrlog/logger/ZoLogger.h>
-#include <zoerrlog/trace/ZoDataFields.h>
 #include <zoerrlog/trace/ZoThreadState.h>
 #include <zoerrlog/trace/ZoTraceData.h>
-
-using namespace zoerrlog::trace;
 
 namespace zoerrlog::jni {
 namespace {
@@ -19,7 +16,8 @@ bool SetTraced(CZoTraceData& record, const FieldText& field) {
 
 // The record takes these from the process and the clock, whatever the number.
 bool SetAutomatic(CZoTraceData& record) {
-    const unsigned int fields[] = {kPid, kTid, kDate, kTime, kPreciseTime};
+    const unsigned int fields[] = {kZoFieldPid, kZoFieldTid, kZoFieldDate, kZoFieldTime,
+                                   kZoFieldPreciseTime};
     return std::all_of(std::begin(fields), std::end(fields), [&record](unsigned int field) {
         return !record.FieldTraced(field) || record.SetFieldValue(field, 0);
     });
@@ -55,9 +53,9 @@ void WarnOfTooManyArguments(unsigned int componentId, const char* format, const 
     const std::string source = "ZoJNIEntryPoint:" + std::to_string(sourceLine);
     std::string message(format);
     message.replace(message.find("%s"), 2, subject);
-    WriteTraceLine(*record, {{kFunction, "ZoJNIEntryPoint::LogMsg"},
-                             {kMessage, message.c_str()},
-                             {kSrcFile, source.c_str()}});
+    WriteTraceLine(*record, {{kZoFieldFunction, "ZoJNIEntryPoint::LogMsg"},
+                             {kZoFieldMessage, message.c_str()},
+                             {kZoFieldSrcFile, source.c_str()}});
 }
 
 }  // namespace zoerrlog::jni

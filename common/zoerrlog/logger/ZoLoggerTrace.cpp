@@ -6,11 +6,9 @@
 #include <zoerrlog/logger/ZoSelectionCache.h>
 #include <zoerrlog/logger/ZoTraceState.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
-#include <zoerrlog/trace/ZoDataFields.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 
 using namespace zoerrlog::logger;
-using namespace zoerrlog::trace;
 
 /// The two lines that head a trace file.
 struct CZoLogger::Heading {
@@ -134,7 +132,7 @@ bool CZoLogger::InstallTraceOutputs(CZoLogOutput* output, CZoLogOutput* output2,
 void CZoLogger::InstallConfiguration(std::unique_ptr<CZoTraceData> configuration) {
     configuration->m_iConfigVersion = NextConfigVersion();
     configuration->m_pLogger = this;
-    for (const unsigned int field : {kDate, kTime, kPreciseTime}) {
+    for (const unsigned int field : {kZoFieldDate, kZoFieldTime, kZoFieldPreciseTime}) {
         if (configuration->FieldTraced(field)) {
             configuration->m_iDateTimeLevel = static_cast<int>(field);
         }

@@ -1,6 +1,7 @@
 #include <zoerrlog/trace/ZoKnownInfo.h>
 
 #include <iterator>
+#include <string_view>
 
 namespace {
 
@@ -74,6 +75,8 @@ constexpr KNOWNDATAFIELDINFO kDataFields[] = {
     {"Tenant", 64},
 };
 static_assert(std::size(kDataFields) == kZoDataFieldCount);
+static_assert(kZoFieldTenant + 1 == kZoDataFieldCount);
+static_assert(kDataFields[kZoFieldIPAddr].name == std::string_view("IPAddr"));
 
 // A library's component number is its row plus one. The first row stands for the component that is
 // built in and is never loaded.

@@ -29,10 +29,10 @@ struct ZoTraceSettings;
 ///   4. LeaveNoBody, always.
 /// A traced field that is not set for a line shows as empty.
 ///
-/// Fields are given by number, 0 to 65, their row in the table of GetKnownDataFields. A record is
-/// used by one thread at a time. What it took over from a configuration it keeps until a logger
-/// refreshes it, also when that configuration is gone. Operations that store a text longer than
-/// 1023 bytes, or make the line longer, may throw std::bad_alloc.
+/// Fields are given by number, one of ZoDataField. A record is used by one thread at a time. What
+/// it took over from a configuration it keeps until a logger refreshes it, also when that
+/// configuration is gone. Operations that store a text longer than 1023 bytes, or make the line
+/// longer, may throw std::bad_alloc.
 class ZOERRLOG_EXPORT CZoTraceData {
 public:
     /// A record without a configuration, for callers of CZoLogger::ShouldTrace. It is large, some

@@ -6,7 +6,6 @@
 
 #include <zoerrlog/platform/Process.h>
 #include <zoerrlog/trace/ZoClockTexts.h>
-#include <zoerrlog/trace/ZoDataFields.h>
 #include <zoerrlog/trace/ZoFilterOperator.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 
@@ -63,13 +62,13 @@ bool CZoTraceData::SetFieldValue(unsigned int id, long value) {
 
 bool CZoTraceData::SetKnownOrNumber(unsigned int id, long value) {
     switch (id) {
-        case kPid:
+        case kZoFieldPid:
             return SetText(id, Decimal(platform::ProcessId()));
-        case kTid:
+        case kZoFieldTid:
             return SetText(id, Decimal(platform::ThreadId()));
-        case kDate:
-        case kTime:
-        case kPreciseTime:
+        case kZoFieldDate:
+        case kZoFieldTime:
+        case kZoFieldPreciseTime:
             return static_cast<int>(id) != m_iDateTimeLevel || PopulateDateandTime();
         default:
             return SetText(id, Decimal(value));
@@ -108,8 +107,9 @@ bool CZoTraceData::SetFieldValue(unsigned int id, const char* value) {
     if (value == nullptr) {
         return SetText(id, {});
     }
-    return SetText(id, id == kSrcFile ? std::string_view(value, strnlen(value, kLongestInlineValue))
-                                      : std::string_view(value));
+    return SetText(id, id == kZoFieldSrcFile
+                           ? std::string_view(value, strnlen(value, kLongestInlineValue))
+                           : std::string_view(value));
 }
 
 bool CZoTraceData::SetText(unsigned int id, std::string_view value) {
@@ -148,11 +148,11 @@ bool CZoTraceData::TestDataFilter(unsigned int id) const {
 
 bool CZoTraceData::PopulateDateandTime() {
     const ClockTexts now = ReadClock(m_bLocalTime);
-    Store(kDate, now.date);
-    Store(kTime, now.time);
-    Store(kPreciseTime, now.preciseTime);
+    Store(kZoFieldDate, now.date);
+    Store(kZoFieldTime, now.time);
+    Store(kZoFieldPreciseTime, now.preciseTime);
 
-    const unsigned int clockFields[] = {kDate, kTime, kPreciseTime};
+    const unsigned int clockFields[] = {kZoFieldDate, kZoFieldTime, kZoFieldPreciseTime};
     return std::all_of(std::begin(clockFields), std::end(clockFields), [this](unsigned int id) {
         return !m_fields[id].filtered || TestDataFilter(id);
     });

@@ -13,22 +13,6 @@ namespace zolog {
 
 namespace {
 
-// Numbers of the data fields that an sshd line can fill.
-enum Field : unsigned int {
-    kMessage = 0,
-    kSrcFile = 1,
-    kPid = 2,
-    kTid = 3,
-    kDate = 4,
-    kTime = 5,
-    kPreciseTime = 6,
-    kFunction = 7,
-    kUser = 9,
-    kIPAddr = 26,
-    kIPPort = 27,
-    kAuthStatus = 28
-};
-
 // The record is the thread's: what a line leaves in it would show in the next one.
 class RecordCleaner {
 public:
@@ -42,28 +26,29 @@ private:
 };
 
 // A filter on a field that is not traced works only when the field is set, too.
-bool IsWanted(const CZoTraceData& record, Field field) {
+bool IsWanted(const CZoTraceData& record, ZoDataField field) {
     return record.FieldTraced(field) || record.FieldFiltered(field);
 }
 
-bool SetText(CZoTraceData& record, Field field, std::string_view text) {
+bool SetText(CZoTraceData& record, ZoDataField field, std::string_view text) {
     return !IsWanted(record, field) || record.SetFieldValue(field, std::string(text).c_str());
 }
 
 bool SetMessage(CZoTraceData& record, std::string_view text) {
-    return !IsWanted(record, kMessage) ||
-           record.SetFieldValue(kMessage,
+    return !IsWanted(record, kZoFieldMessage) ||
+           record.SetFieldValue(kZoFieldMessage,
                                 record.FormatTraceMessage("%s", std::string(text).c_str()));
 }
 
 bool SetSource(CZoTraceData& record, const InputLine& line) {
-    return !IsWanted(record, kSrcFile) ||
-           SetText(record, kSrcFile, line.fileName + (":" + std::to_string(line.number)));
+    return !IsWanted(record, kZoFieldSrcFile) ||
+           SetText(record, kZoFieldSrcFile, line.fileName + (":" + std::to_string(line.number)));
 }
 
 // The record takes these from the process and the clock, whatever the number.
 bool SetProcessAndTime(CZoTraceData& record) {
-    for (const Field field : {kPid, kTid, kDate, kTime, kPreciseTime}) {
+    for (const ZoDataField field :
+         {kZoFieldPid, kZoFieldTid, kZoFieldDate, kZoFieldTime, kZoFieldPreciseTime}) {
         if (IsWanted(record, field) && !record.SetFieldValue(field, 0)) {
             return false;
         }
@@ -75,10 +60,13 @@ bool SetProcessAndTime(CZoTraceData& record) {
 // filters to see.
 bool SetFields(CZoTraceData& record, const InputLine& line) {
     const SshdFields fields = FindSshdFields(line.text);
-    return SetText(record, kFunction, fields.function) && SetText(record, kUser, fields.user) &&
-           SetText(record, kIPAddr, fields.address) && SetText(record, kIPPort, fields.port) &&
-           SetText(record, kAuthStatus, fields.authStatus) && SetMessage(record, fields.message) &&
-           SetSource(record, line) && SetProcessAndTime(record);
+    return SetText(record, kZoFieldFunction, fields.function) &&
+           SetText(record, kZoFieldUser, fields.user) &&
+           SetText(record, kZoFieldIPAddr, fields.address) &&
+           SetText(record, kZoFieldIPPort, fields.port) &&
+           SetText(record, kZoFieldAuthStatus, fields.authStatus) &&
+           SetMessage(record, fields.message) && SetSource(record, line) &&
+           SetProcessAndTime(record);
 }
 
 }  // namespace
