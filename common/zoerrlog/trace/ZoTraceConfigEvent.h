@@ -23,11 +23,11 @@ enum class ZoTraceConfigEventKind {
     kUnknownFilter,   ///< a filter line of no known field; text: its first word
     kNoDelimiter,   ///< as kUnknownFilter, but an operator stands right behind a field; field, text
     kNoOperator,    ///< a filter line without an operator behind its field; field
-    kLongLine,      ///< the line was cut; its rest is read as a line of its own
+    kLongLine,      ///< the line was cut before here: this is its rest, read as a line of its own
     kZeroByte,      ///< the line holds a zero byte; what follows it is not read
     kWrongSection,  ///< the file ends here, refused; text: the word that stands for the section
-    kUnreadable,    ///< the file cannot be opened, or reading failed before its first line
-    kReadError      ///< reading failed further on: the lines until here count
+    kUnreadable,    ///< not even the first line can be read; errno says why
+    kReadError      ///< reading failed further on, errno says why: the lines until here count
 };
 
 /// What stands for the section that was expected where kWrongSection was met.
