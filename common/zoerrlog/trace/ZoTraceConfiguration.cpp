@@ -24,7 +24,6 @@ bool CZoTraceData::SetConfiguration(int format, const char* separator, const cha
         m_fields[i].name = fields[i].name;
         m_fields[i].width = fields[i].width;
     }
-    m_bOwnsConfiguration = true;
     m_bLocalTime = localTime;
     m_iFormat = format;
     m_bConfigured = true;

@@ -8,7 +8,6 @@
 
 CZoTraceData::CZoTraceData()
     : m_bConfigured(false),
-      m_bOwnsConfiguration(false),
       m_bLocalTime(false),
       m_iFormat(0),
       m_valuesSet{},
@@ -64,7 +63,6 @@ CZoTraceData& CZoTraceData::operator=(const CZoTraceData& source) {
     if (source.m_pLogger != nullptr && !m_bLoggerChosen) {
         m_pLogger = source.m_pLogger;
     }
-    m_bOwnsConfiguration = false;
     m_bConfigured = true;
     return *this;
 }

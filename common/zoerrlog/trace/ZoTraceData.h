@@ -146,7 +146,6 @@ private:
     void Recycle();
 
     bool m_bConfigured;
-    bool m_bOwnsConfiguration;
     bool m_bLocalTime;
     int m_iFormat;
     // Separator, components and filter values: immutable once read, shared by every record that
