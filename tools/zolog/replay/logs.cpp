@@ -1,7 +1,6 @@
 #include <zolog/replay/logs.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -11,7 +10,6 @@
 #include <zoxlate/zoxlate.h>
 
 #include <zolog/command.h>
-#include <zolog/platform/file_owner.h>
 #include <zolog/replay/replay_options.h>
 
 namespace fs = std::filesystem;
@@ -76,15 +74,6 @@ std::string TraceConfig(const ReplayOptions& options) {
     return config.string();
 }
 
-// The logger says only that it could not read a file; reading it here tells the reason.
-std::string WhyNotRead(const std::string& config) {
-    const FileOwner stream(std::fopen(config.c_str(), "rb"));
-    if (stream == nullptr || (std::fgetc(stream.get()) == EOF && std::ferror(stream.get()) != 0)) {
-        return std::generic_category().message(errno);
-    }
-    return "it has changed meanwhile";
-}
-
 // `file` is null for the console.
 [[noreturn]] void FailToOpen(const LogFile* file) {
     if (file == nullptr) {
@@ -94,22 +83,24 @@ std::string WhyNotRead(const std::string& config) {
 }
 
 [[noreturn]] void FailToTrace(const std::string& config, const LogFile* file) {
-    bool unreadable = false;
+    int readError = 0;
     int wrongLine = 0;
     const bool usable = theLogger()->ReadTraceConfiguration(
-        config.c_str(), [&unreadable, &wrongLine](const ZoTraceConfigEvent& event) {
-            unreadable = unreadable || event.kind == ZoTraceConfigEventKind::kUnreadable;
+        config.c_str(), [&readError, &wrongLine](const ZoTraceConfigEvent& event) {
+            if (event.kind == ZoTraceConfigEventKind::kUnreadable) {
+                readError = errno;
+            }
             if (event.kind == ZoTraceConfigEventKind::kWrongSection) {
                 wrongLine = event.line;
             }
         });
-    if (unreadable) {
-        FailToReadConfig(config, WhyNotRead(config));
+    if (readError != 0) {
+        FailToReadConfig(config, std::generic_category().message(readError));
     }
     if (!usable) {
         throw CommandError("cannot use the trace configuration '" + config +
-                           "': its sections are " + "out of order at line " +
-                           std::to_string(wrongLine) + "; see zolog check " + config);
+                           "': its sections are out of order at line " + std::to_string(wrongLine) +
+                           "; see zolog check " + config);
     }
     FailToOpen(file);
 }
