@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <string_view>
 
 namespace {
 
@@ -25,7 +26,7 @@ std::size_t CharacterSize(char first) noexcept {
 
 // The most bytes of a text, at most room, that do not end inside a character. Bytes that make no
 // character are cut anywhere. The text is longer than room and is followed by an ASCII character.
-std::size_t CutSize(const char* text, std::size_t room) noexcept {
+[[gnu::noinline, gnu::cold]] std::size_t CutSize(const char* text, std::size_t room) noexcept {
     constexpr std::size_t maximumCharacterSize = 4;
     std::size_t first = room;
     while (first > 0 && IsContinuation(text[first]) && room - first < maximumCharacterSize - 1) {
@@ -66,27 +67,6 @@ void CopyRun(char* dst, const char* text, std::size_t size) noexcept {
     }
 }
 
-class BoundedText {
-public:
-    BoundedText(char* dst, std::size_t size) noexcept : m_end(dst), m_room(size - 1) {}
-
-    // False when the text had to be cut; nothing may be appended then.
-    bool Append(const char* text, std::size_t size) noexcept {
-        const bool fits = size <= m_room;
-        const std::size_t taken = fits ? size : CutSize(text, m_room);
-        CopyRun(m_end, text, taken);
-        m_end += taken;
-        m_room -= taken;
-        return fits;
-    }
-
-    void Terminate() noexcept { *m_end = '\0'; }
-
-private:
-    char* m_end;
-    std::size_t m_room;
-};
-
 struct Placeholder {
     std::size_t index = 0;
     const char* end = nullptr;  // behind the closing brace; null when it is no placeholder
@@ -95,6 +75,10 @@ struct Placeholder {
 Placeholder ReadPlaceholder(const char* brace) noexcept {
     constexpr std::size_t limit = std::numeric_limits<std::size_t>::max() / 10 - 1;
     Placeholder placeholder;
+    // Few messages have more than ten arguments.
+    if (brace[1] >= '0' && brace[1] <= '9' && brace[2] == '}') {
+        return {static_cast<std::size_t>(brace[1] - '0'), brace + 3};
+    }
     const char* digit = brace + 1;
     for (; *digit >= '0' && *digit <= '9'; ++digit) {
         if (placeholder.index > limit) {
@@ -114,86 +98,121 @@ std::uint64_t ZeroBytes(std::uint64_t word) noexcept {
     return (word - 0x0101010101010101U) & ~word & 0x8080808080808080U;
 }
 
-// The next brace or quote, or the end. By words: most of a pattern is plain text.
-const char* FindSpecial(const char* next, const char* end) noexcept {
-    constexpr std::uint64_t braces = 0x0101010101010101U * '{';
-    constexpr std::uint64_t quotes = 0x0101010101010101U * '\'';
-    if constexpr (std::endian::native == std::endian::little) {
-        for (std::uint64_t word = 0; end - next >= static_cast<std::ptrdiff_t>(sizeof word);
-             next += sizeof word) {
-            std::memcpy(&word, next, sizeof word);
-            const std::uint64_t found = ZeroBytes(word ^ braces) | ZeroBytes(word ^ quotes);
-            if (found != 0) {
-                return next + std::countr_zero(found) / 8;
-            }
-        }
-    }
-    while (next != end && *next != '{' && *next != '\'') {
-        ++next;
-    }
-    return next;
+std::string_view TextOf(const char* text) noexcept {
+    return text == nullptr ? std::string_view() : text;
 }
 
-// Stops at the first part that does not fit.
+std::string_view TextOf(const CZoXlate::Text& text) noexcept {
+    return {text.data, text.size};
+}
+
+// Writes a pattern with its arguments into a buffer. Stops at the first part that does not fit.
+template <class Argument>
 class PatternFiller {
 public:
-    PatternFiller(BoundedText& text, std::size_t argCount, const char** args) noexcept
-        : m_text(text), m_argCount(argCount), m_args(args) {}
+    PatternFiller(char* dst, std::size_t size, std::size_t argCount, const Argument* args) noexcept
+        : m_out(dst), m_limit(dst + size - 1), m_argCount(argCount), m_args(args) {}
 
-    void Fill(const char* pattern) noexcept {
-        const char* const end = pattern + std::strlen(pattern);
-        const char* run = pattern;  // what was not appended yet
-        const char* next = FindSpecial(pattern, end);
-        while (next != end) {
-            const char* const special = next++;
-            if (*special == '\'') {
-                if (!AppendRun(run, special)) {
-                    return;
-                }
+    // Gives the end of the text, where the terminator is.
+    const char* Fill(std::string_view pattern) noexcept {
+        const char* const end = pattern.data() + pattern.size();
+        const char* next = pattern.data();
+        BeginRun(next);
+        // One place that copies plain text: a shorter loop is fetched sooner.
+        while ((next = CopyPlain(next, end)) != end) {
+            if (*next == '\'') {
                 // The second of a pair begins the next run and so stays in the text.
-                run = next;
+                BeginRun(++next);
                 if (*next == '\'') {
-                    ++next;
+                    next = CopySpecial(next, end);
                 } else {
                     m_quoted = !m_quoted;
                 }
-            } else if (const char* const behind = FindPlaceholderEnd(special)) {
-                if (!AppendRun(run, special) || !AppendArgument()) {
-                    return;
+            } else if (const Placeholder placeholder = PlaceholderAt(next); placeholder.end) {
+                if (!AppendArgument(TextOf(m_args[placeholder.index]))) {
+                    break;
                 }
-                run = next = behind;
+                next = placeholder.end;
+                BeginRun(next);
+            } else {
+                next = CopySpecial(next, end);
             }
-            next = FindSpecial(next, end);
         }
-        static_cast<void>(AppendRun(run, end));
+        *m_out = '\0';
+        return m_out;
     }
 
 private:
-    // Behind a placeholder that has an argument, which becomes the current one; otherwise null.
-    const char* FindPlaceholderEnd(const char* brace) noexcept {
-        if (m_quoted) {
-            return nullptr;
+    void BeginRun(const char* run) noexcept {
+        m_run = run;
+        m_runOut = m_out;
+    }
+
+    // Copies up to the next brace or quote, or to the end, and returns where that is. By words:
+    // most of a pattern is plain text. What a word holds behind the text is overwritten later.
+    const char* CopyPlain(const char* next, const char* end) noexcept {
+        constexpr std::uint64_t braces = 0x0101010101010101U * '{';
+        constexpr std::uint64_t quotes = 0x0101010101010101U * '\'';
+        constexpr std::ptrdiff_t size = sizeof(std::uint64_t);
+        if constexpr (std::endian::native == std::endian::little) {
+            while (end - next >= size && m_limit - m_out >= size) {
+                std::uint64_t word = 0;
+                std::memcpy(&word, next, size);
+                std::memcpy(m_out, &word, size);
+                const std::uint64_t found = ZeroBytes(word ^ braces) | ZeroBytes(word ^ quotes);
+                const int plain = found != 0 ? std::countr_zero(found) / 8 : static_cast<int>(size);
+                next += plain;
+                m_out += plain;
+                if (found != 0) {
+                    return next;
+                }
+            }
         }
-        const Placeholder placeholder = ReadPlaceholder(brace);
-        if (placeholder.end == nullptr || placeholder.index >= m_argCount) {
-            return nullptr;
+        while (next != end && *next != '{' && *next != '\'') {
+            if (m_out == m_limit) {
+                return CutRun(end);
+            }
+            *m_out++ = *next++;
         }
-        m_argument = m_args[placeholder.index];
-        return placeholder.end;
+        return next;
     }
 
-    bool AppendRun(const char* run, const char* end) noexcept {
-        return m_text.Append(run, static_cast<std::size_t>(end - run));
+    // Copies the character at `next`, which stands for itself.
+    const char* CopySpecial(const char* next, const char* end) noexcept {
+        if (m_out == m_limit) {
+            return CutRun(end);
+        }
+        *m_out++ = *next;
+        return next + 1;
     }
 
-    bool AppendArgument() noexcept {
-        return m_argument == nullptr || m_text.Append(m_argument, std::strlen(m_argument));
+    // The run does not fit: nothing comes behind its cut.
+    const char* CutRun(const char* end) noexcept {
+        m_out = m_runOut + CutSize(m_run, static_cast<std::size_t>(m_limit - m_runOut));
+        return end;
     }
 
-    BoundedText& m_text;
+    // No placeholder where there is no argument for it.
+    Placeholder PlaceholderAt(const char* brace) const noexcept {
+        const Placeholder placeholder = m_quoted ? Placeholder() : ReadPlaceholder(brace);
+        return placeholder.index < m_argCount ? placeholder : Placeholder();
+    }
+
+    bool AppendArgument(std::string_view argument) noexcept {
+        const auto room = static_cast<std::size_t>(m_limit - m_out);
+        const bool fits = argument.size() <= room;
+        const std::size_t taken = fits ? argument.size() : CutSize(argument.data(), room);
+        CopyRun(m_out, argument.data(), taken);
+        m_out += taken;
+        return fits;
+    }
+
+    char* m_out;
+    char* const m_limit;  // where the terminator is at the latest
     const std::size_t m_argCount;
-    const char** const m_args;
-    const char* m_argument = nullptr;
+    const Argument* const m_args;
+    const char* m_run = nullptr;  // what is being copied of the pattern, for a cut
+    char* m_runOut = nullptr;     // and where it went
     bool m_quoted = false;
 };
 
@@ -204,9 +223,15 @@ void CZoXlate::FormatMessageA(char* dst, unsigned long dstSize, const char* patt
     if (dst == nullptr || dstSize == 0) {
         return;
     }
-    BoundedText text(dst, dstSize);
-    if (pattern != nullptr) {
-        PatternFiller(text, args == nullptr ? 0 : argCount, args).Fill(pattern);
+    PatternFiller<const char*>(dst, dstSize, args == nullptr ? 0 : argCount, args)
+        .Fill(pattern == nullptr ? "" : pattern);
+}
+
+std::size_t CZoXlate::FormatText(char* dst, std::size_t dstSize, const Text& pattern,
+                                 std::size_t argCount, const Text* args) {
+    if (dst == nullptr || dstSize == 0) {
+        return 0;
     }
-    text.Terminate();
+    PatternFiller<Text> filler(dst, dstSize, args == nullptr ? 0 : argCount, args);
+    return static_cast<std::size_t>(filler.Fill(TextOf(pattern)) - dst);
 }

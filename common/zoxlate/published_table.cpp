@@ -15,6 +15,7 @@ struct alignas(kInterferenceSize) ReaderCount {
 constinit std::array<ReaderCount, kStripeCount> g_readers{};
 constinit std::atomic<BundleTable*> g_current{nullptr};
 constinit std::atomic<BundleTable*> g_retired{nullptr};
+constinit std::atomic<unsigned int> g_generation{0};
 
 // A reader counts itself before it loads g_current, a writer exchanges g_current before it reads
 // the counts, all in the one order of sequentially consistent operations. A reader whose count is
@@ -64,6 +65,7 @@ void FreeRetired() noexcept {
 
 void ReplaceCurrent(BundleTable* table) noexcept {
     BundleTable* const old = g_current.exchange(table, std::memory_order_seq_cst);
+    g_generation.fetch_add(1, std::memory_order_release);
     if (old != nullptr) {
         PushRetired(old);
     }
@@ -94,6 +96,10 @@ void TablePin::PublishFirst(std::unique_ptr<BundleTable> table) noexcept {
 
 void PublishTable(std::unique_ptr<BundleTable> table) noexcept {
     ReplaceCurrent(table.release());
+}
+
+unsigned int TableGeneration() noexcept {
+    return g_generation.load(std::memory_order_acquire);
 }
 
 }  // namespace zoxlate

@@ -35,6 +35,9 @@ private:
 // Replaces the current table; the old one is freed as soon as nobody can be reading it.
 void PublishTable(std::unique_ptr<BundleTable> table) noexcept;
 
+// Changes with every PublishTable. Who sees the number finds that table or a later one.
+unsigned int TableGeneration() noexcept;
+
 }  // namespace zoxlate
 
 #endif

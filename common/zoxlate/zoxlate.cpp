@@ -97,3 +97,7 @@ bool CZoXlate::SetResourceDirectory(const char* directory) {
     zoxlate::PublishTable(std::make_unique<BundleTable>(absolute.string()));
     return true;
 }
+
+unsigned int CZoXlate::GetGeneration() {
+    return zoxlate::TableGeneration();
+}

@@ -68,7 +68,7 @@ public:
      * unpaired one to the end) is literal.
      *
      * @param dst       receives the text and a terminator; overlaps no other parameter. What
-     * follows the terminator is left alone.
+     *                  stands between the terminator and the end of dst is undefined.
      * @param dstSize   bytes at dst, terminator included. A text that does not fit is cut, but not
      *                  inside a UTF-8 character. With 0, or a null dst, nothing is written.
      * @param pattern   null counts as an empty text
@@ -77,6 +77,21 @@ public:
      */
     static void FormatMessageA(char* dst, unsigned long dstSize, const char* pattern,
                                std::size_t argCount, const char** args);
+
+    /** A text with its length, followed by a zero byte. */
+    struct Text {
+        const char* data;
+        std::size_t size;
+    };
+
+    /**
+     * FormatMessageA for a caller who knows the lengths.
+     *
+     * @param args  argCount texts, in which zero bytes are ordinary content
+     * @return bytes written, without the terminator
+     */
+    static std::size_t FormatText(char* dst, std::size_t dstSize, const Text& pattern,
+                                  std::size_t argCount, const Text* args);
 
     /**
      * Chooses the directory the property files are in and forgets everything read so far. Bundles
@@ -88,6 +103,13 @@ public:
      * @return false, with nothing changed, for null and for what is not a directory
      */
     static bool SetResourceDirectory(const char* directory);
+
+    /**
+     * Gives a number that stays the same as long as GetBundle gives the same texts: it changes with
+     * every SetResourceDirectory that returns true. Whoever keeps a bundle can tell by it, without
+     * asking for the bundle anew, that there may be a newer one.
+     */
+    static unsigned int GetGeneration();
 
 private:
     friend class zoxlate::BundleHandle;

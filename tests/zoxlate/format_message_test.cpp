@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <zoxlate/zoxlate.h>
 
+#include <algorithm>
+#include <cstring>
 #include <set>
 #include <sstream>
 #include <string>
@@ -8,13 +10,28 @@
 
 namespace {
 
-// Writes into the first `size` bytes of a buffer; the rest of it must stay as it was.
+// Of a text of `size` bytes at most: what stands between its terminator and their end is undefined.
+void ExpectBuffer(const std::string& buffer, const std::string& text, std::size_t size) {
+    const std::string written = size == 0 ? "" : text + '\0';
+    EXPECT_EQ(buffer.substr(0, written.size()), written);
+    EXPECT_EQ(buffer.substr(size), std::string(buffer.size() - size, '~'));
+}
+
 void ExpectText(const std::string& text, std::size_t size, const char* pattern, const char** args) {
     std::string buffer(256, '~');
     CZoXlate::FormatMessageA(buffer.data(), size, pattern, 3, args);
-    std::string expected = size == 0 ? text : text + '\0';
-    expected.resize(buffer.size(), '~');
-    EXPECT_EQ(buffer, expected);
+    ExpectBuffer(buffer, text, size);
+
+    const auto withLength = [](const char* data) {
+        return CZoXlate::Text{data, data == nullptr ? 0 : std::strlen(data)};
+    };
+    CZoXlate::Text texts[3];
+    std::transform(args, args + (args == nullptr ? 0 : 3), texts, withLength);
+    buffer.assign(buffer.size(), '~');
+    EXPECT_EQ(CZoXlate::FormatText(buffer.data(), size, withLength(pattern), 3,
+                                   args == nullptr ? nullptr : texts),
+              text.size());
+    ExpectBuffer(buffer, text, size);
 }
 
 TEST(FormatMessage, PatternsFollowTheJavaRulesInBuffersOfEverySize) {
@@ -33,6 +50,7 @@ TEST(FormatMessage, PatternsFollowTheJavaRulesInBuffersOfEverySize) {
         {"'''{0}'''", "'{0}'"},
         {"{0} it's {0}", "zero its {0}"},
         {"{0}'", "zero"},
+        {"longer than a word {0}, isn''t it", "longer than a word zero, isn't it"},
     };
     const char* args[] = {"zero", "{0}", nullptr};
     for (const auto& [pattern, text] : cases) {
@@ -43,6 +61,14 @@ TEST(FormatMessage, PatternsFollowTheJavaRulesInBuffersOfEverySize) {
     ExpectText("{0}", 256, "{0}", nullptr);
     ExpectText("", 0, "{0}", args);
     CZoXlate::FormatMessageA(nullptr, 10, "{0}", 3, args);
+}
+
+TEST(FormatText, TakesZeroBytesOfAnArgumentForContent) {
+    const std::string argument("a\0{0}\0", 6);
+    const CZoXlate::Text texts[] = {{argument.data(), argument.size()}};
+    std::string buffer(32, '~');
+    EXPECT_EQ(CZoXlate::FormatText(buffer.data(), 16, {"<{0}>", 5}, 1, texts), 8U);
+    ExpectBuffer(buffer, '<' + argument + '>', 16);
 }
 
 TEST(FormatMessage, TextsThatDoNotFitAreCutBetweenCharacters) {
