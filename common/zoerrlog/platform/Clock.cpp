@@ -34,15 +34,23 @@ void Convert(std::int64_t seconds, bool localTime, std::tm& fields) {
     }
 }
 
-}  // namespace
-
-WallTime Now() noexcept {
+WallTime ReadClock(clockid_t clock) noexcept {
     if (const ClockSource source = g_source.load(std::memory_order_relaxed); source != nullptr) {
         return source();
     }
     struct timespec now = {};
-    clock_gettime(CLOCK_REALTIME, &now);
+    clock_gettime(clock, &now);
     return {now.tv_sec, static_cast<std::int32_t>(now.tv_nsec)};
+}
+
+}  // namespace
+
+WallTime Now() noexcept {
+    return ReadClock(CLOCK_REALTIME);
+}
+
+std::int64_t CurrentSecond() noexcept {
+    return ReadClock(CLOCK_REALTIME_COARSE).seconds;
 }
 
 void SetClockSource(ClockSource source) noexcept {

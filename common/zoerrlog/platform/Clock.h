@@ -17,7 +17,11 @@ struct WallTime {
 /// The current instant.
 WallTime Now() noexcept;
 
-/// Replaces the source of Now(), for tests; null brings the system's clock back.
+/// The current second, by the clock that the kernel keeps anyhow: at a fifth of the price of Now(),
+/// and behind it by at most a tick of the kernel, which is 10 milliseconds or less.
+std::int64_t CurrentSecond() noexcept;
+
+/// Replaces the source of both, for tests; null brings the system's clock back.
 using ClockSource = WallTime (*)();
 void SetClockSource(ClockSource source) noexcept;
 

@@ -2,7 +2,7 @@
 #define ZOERRLOG_PLATFORM_CRITICALSECTION_H
 
 #include <atomic>
-#include <mutex>
+#include <cstdint>
 
 #include <zoerrlog/platform/ForkAware.h>
 
@@ -21,7 +21,9 @@ public:
 private:
     void AfterForkInChild() noexcept override;
 
-    std::mutex m_mutex;
+    void EnterContended() noexcept;
+
+    std::atomic<std::uint32_t> m_state{0};  // one of State in the source; threads sleep on it
     // Identifies the holding thread across a fork, where the thread's id changes.
     std::atomic<const void*> m_owner{nullptr};
     int m_depth = 0;

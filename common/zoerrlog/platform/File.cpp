@@ -18,15 +18,25 @@ auto RepeatWhenInterrupted(Call call) noexcept {
     return result;
 }
 
-std::int64_t SizeByStatus(int descriptor) noexcept {
+std::int64_t SizeOfUnseekable(int descriptor, int errorBefore) noexcept {
+    if (errno != ESPIPE) {
+        return -1;
+    }
+    errno = errorBefore;
     struct stat status = {};
     return fstat(descriptor, &status) == 0 ? status.st_size : -1;
 }
 
 }  // namespace
 
+// Apart from the others because a line goes through here: as few calls deep as can be, since the
+// processor cannot foretell where the calls return to that a system call has come between.
 std::int64_t WriteFile(int descriptor, const void* data, std::size_t length) noexcept {
-    return RepeatWhenInterrupted([=] { return write(descriptor, data, length); });
+    std::int64_t written = 0;
+    do {
+        written = write(descriptor, data, length);
+    } while (written == -1 && errno == EINTR);
+    return written;
 }
 
 std::int64_t ReadFile(int descriptor, void* data, std::size_t length) noexcept {
@@ -38,11 +48,7 @@ std::int64_t FileSize(int descriptor) noexcept {
     // which makes the next write stamp the inode anew. Whoever appends needs no position.
     const int before = errno;
     const off_t size = lseek(descriptor, 0, SEEK_END);
-    if (size >= 0 || errno != ESPIPE) {
-        return size;
-    }
-    errno = before;
-    return SizeByStatus(descriptor);
+    return size >= 0 ? size : SizeOfUnseekable(descriptor, before);
 }
 
 void CloseFile(int descriptor) noexcept {

@@ -1,13 +1,12 @@
 #include <zoerrlog/platform/Semaphore.h>
 
-#include <linux/futex.h>
-#include <sys/syscall.h>
 #include <time.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
 #include <new>
+
+#include <zoerrlog/platform/Futex.h>
+#include <zoerrlog/platform/KeepErrno.h>
 
 namespace zoerrlog::platform {
 
@@ -33,41 +32,17 @@ struct timespec DeadlineAfter(std::uint32_t milliseconds) {
     return deadline;
 }
 
-// Sleeps while `word` is 0; false once the deadline (on the monotonic clock) has passed.
-bool SleepWhileZero(std::atomic<std::uint32_t>& word, const struct timespec* deadline) {
-    static_assert(sizeof(word) == sizeof(std::uint32_t));
-    const long result = syscall(SYS_futex, &word, FUTEX_WAIT_BITSET_PRIVATE, 0, deadline, nullptr,
-                                FUTEX_BITSET_MATCH_ANY);
-    return result == 0 || errno != ETIMEDOUT;
-}
-
-void Wake(std::atomic<std::uint32_t>* word) {
-    syscall(SYS_futex, word, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
-}
-
 // The woken thread may leave the waiter's frame as soon as the word is set: a wake-up that comes
 // after that reaches nobody, or a sleeper that looks at its own word again.
 void Grant(std::atomic<std::uint32_t>& word) {
     std::atomic<std::uint32_t>* const address = &word;
     word.store(1, std::memory_order_release);
-    Wake(address);
+    WakeOne(address);
 }
 
 bool IsGranted(const std::atomic<std::uint32_t>& word) {
     return word.load(std::memory_order_acquire) != 0;
 }
-
-// Sleeping changes errno, which belongs to the host.
-class ErrnoKeeper {
-public:
-    ErrnoKeeper() : m_errno(errno) {}
-    ~ErrnoKeeper() { errno = m_errno; }
-    ErrnoKeeper(const ErrnoKeeper&) = delete;
-    ErrnoKeeper& operator=(const ErrnoKeeper&) = delete;
-
-private:
-    int m_errno;
-};
 
 }  // namespace
 
@@ -94,11 +69,11 @@ Semaphore::WaitResult Semaphore::Wait(std::uint32_t milliseconds) noexcept {
         }
         Enqueue(self);
     }
-    const ErrnoKeeper keepErrno;
+    const KeepErrno keepErrno;
     const bool limited = milliseconds != kNoTimeLimit;
     const struct timespec deadline = limited ? DeadlineAfter(milliseconds) : timespec{};
     while (!IsGranted(self.granted)) {
-        if (SleepWhileZero(self.granted, limited ? &deadline : nullptr)) {
+        if (SleepWhile(self.granted, 0, limited ? &deadline : nullptr)) {
             continue;
         }
         const std::lock_guard hold(m_mutex);
@@ -108,13 +83,13 @@ Semaphore::WaitResult Semaphore::Wait(std::uint32_t milliseconds) noexcept {
         break;  // a release has already chosen this thread
     }
     while (!IsGranted(self.granted)) {
-        SleepWhileZero(self.granted, nullptr);
+        SleepWhile(self.granted, 0, nullptr);
     }
     return WaitResult::kSignalled;
 }
 
 void Semaphore::Release(long count) noexcept {
-    const ErrnoKeeper keepErrno;
+    const KeepErrno keepErrno;
     Waiter* served = nullptr;
     {
         const std::lock_guard hold(m_mutex);

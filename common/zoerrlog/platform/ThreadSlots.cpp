@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 
 #include <zoerrlog/platform/BlockList.h>
 #include <zoerrlog/platform/CriticalSection.h>
+#include <zoerrlog/platform/KeepErrno.h>
 #include <zoerrlog/platform/Lifetime.h>
 
 namespace zoerrlog::platform {
@@ -133,17 +133,6 @@ private:
 
 // Comes into being, and with it the work at the thread's end, with the thread's first value.
 thread_local ThreadValues t_values;
-
-class KeepErrno {
-public:
-    KeepErrno() : m_errno(errno) {}
-    ~KeepErrno() { errno = m_errno; }
-    KeepErrno(const KeepErrno&) = delete;
-    KeepErrno& operator=(const KeepErrno&) = delete;
-
-private:
-    const int m_errno;
-};
 
 }  // namespace
 
