@@ -180,8 +180,10 @@ long CTimeValue::GetSecondsLeft() const {
 void CTimeValue::GetFormattedTimeValue(char* text) {
     constexpr std::size_t kRoom = 22;
     // What does not fit is cut.
-    static_cast<void>(std::snprintf(text, kRoom, "%02ld:%02ld:%02ld.%06d", GetHours(),
-                                    GetMinutesLeft(), GetSecondsLeft(), m_usec));
+    if (std::snprintf(text, kRoom, "%02ld:%02ld:%02ld.%06d", GetHours(), GetMinutesLeft(),
+                      GetSecondsLeft(), m_usec) < 0) {
+        text[0] = '\0';
+    }
 }
 
 bool CTimeValue::IsZeroTime() {
