@@ -6,6 +6,7 @@
 #include <zoerrlog/platform/Clock.h>
 
 using zoerrlog::base::GuardState;
+using zoerrlog::base::HeldGuards;
 
 CZoErrLogGuard::CZoErrLogGuard() : m_pState(new (std::nothrow) GuardState) {
 }
@@ -18,7 +19,7 @@ CZoErrLogGuard::~CZoErrLogGuard() {
 
 void CZoErrLogGuard::LockForRead() {
     if (m_pState != nullptr) {
-        m_pState->LockForRead();
+        m_pState->LockForRead(HeldGuards::OfThread());
     }
 }
 
@@ -42,7 +43,7 @@ bool CZoErrLogGuard::LockForExit() {
 
 void CZoErrLogGuard::Unlock() {
     if (m_pState != nullptr) {
-        m_pState->Unlock();
+        m_pState->UnlockRead(HeldGuards::OfThread());
     }
 }
 
@@ -56,7 +57,7 @@ CZoGuard::~CZoGuard() {
 }
 
 void CZoGuard::LockForRead() {
-    State().LockForRead();
+    State().LockForRead(HeldGuards::OfThread());
 }
 
 void CZoGuard::LockForWrite() {
@@ -64,7 +65,7 @@ void CZoGuard::LockForWrite() {
 }
 
 void CZoGuard::Unlock() {
-    State().Unlock();
+    State().UnlockRead(HeldGuards::OfThread());
 }
 
 GuardState& CZoGuard::State() {

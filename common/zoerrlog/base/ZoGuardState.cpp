@@ -3,35 +3,14 @@
 #include <algorithm>
 #include <limits>
 
-#include <zoerrlog/base/ZoHeldGuards.h>
 #include <zoerrlog/platform/Process.h>
 
 namespace zoerrlog::base {
 namespace {
 
-// Layout of the word: 24 bits of holders (signed), then twice 20 bits of waiting threads. Linux
-// has at most 2^22 threads in all, and far fewer fit into one process with a stack each.
-constexpr unsigned kWaitingBits = 20;
-constexpr std::uint64_t kWaitingMask = (std::uint64_t{1} << kWaitingBits) - 1;
-constexpr unsigned kReadersShift = kWaitingBits;
-constexpr unsigned kHoldersShift = 2 * kWaitingBits;
-constexpr std::uint64_t kOneReaderWaiting = std::uint64_t{1} << kReadersShift;
-constexpr std::uint64_t kOneHolder = std::uint64_t{1} << kHoldersShift;
-constexpr std::uint64_t kWriterHolds = ~std::uint64_t{0} << kHoldersShift;
-
 constexpr long kGateMaximum = std::numeric_limits<std::int32_t>::max();
 
 std::atomic<std::uint64_t> g_guardsMade{0};
-
-// No writer holds the guard or waits for it.
-bool MayRead(std::uint64_t word) {
-    return (word & kWaitingMask) == 0 && static_cast<std::int64_t>(word) >= 0;
-}
-
-// Readers hold the guard, and nobody waits for it.
-bool ReadersAlone(std::uint64_t word) {
-    return (word & (kOneHolder - 1)) == 0 && static_cast<std::int64_t>(word) > 0;
-}
 
 }  // namespace
 
@@ -53,15 +32,8 @@ GuardState::GuardState() noexcept
 
 GuardState::~GuardState() = default;
 
-void GuardState::LockForRead() noexcept {
+void GuardState::LockContended() noexcept {
     std::uint64_t word = m_word.load(std::memory_order_relaxed);
-    // Nearly every line finds it so; what follows would do the same, with more steps.
-    if (MayRead(word) &&
-        m_word.compare_exchange_strong(word, word + kOneHolder, std::memory_order_acquire,
-                                       std::memory_order_relaxed)) {
-        HeldGuards::Add(m_serial);
-        return;
-    }
     bool mustWait = false;
     std::uint64_t next = 0;
     do {
@@ -78,7 +50,6 @@ void GuardState::LockForRead() noexcept {
     if (mustWait) {
         m_readGate.Wait(platform::Semaphore::kNoTimeLimit);
     }
-    HeldGuards::Add(m_serial);
 }
 
 void GuardState::LockForWrite() noexcept {
@@ -119,7 +90,7 @@ void GuardState::BeginWriting() noexcept {
 void GuardState::ForgetHold(bool ofWriter) noexcept {
     if (ofWriter) {
         m_writer.store(nullptr, std::memory_order_relaxed);
-    } else if (!HeldGuards::Remove(m_serial)) {
+    } else if (!HeldGuards::OfThread().Remove(m_serial)) {
         m_releasedByOthers.fetch_add(1, std::memory_order_relaxed);
     }
 }
@@ -130,12 +101,6 @@ void GuardState::Unlock() noexcept {
         return;  // a hold that a fork has ended
     }
     ForgetHold(Unpack(word).holders < 0);
-    // As above: a reader leaves, and nobody waits.
-    if (ReadersAlone(word) &&
-        m_word.compare_exchange_strong(word, word - kOneHolder, std::memory_order_acq_rel,
-                                       std::memory_order_relaxed)) {
-        return;
-    }
     platform::Semaphore* gate = nullptr;
     std::uint32_t admitted = 0;
     std::uint64_t next = 0;
@@ -168,7 +133,7 @@ void GuardState::AfterForkInChild() noexcept {
         const bool own = m_writer.load(std::memory_order_relaxed) == platform::ThreadIdentity();
         counters.holders = own ? -1 : 0;
     } else {
-        const int listed = HeldGuards::Count(m_serial);
+        const int listed = HeldGuards::OfThread().Count(m_serial);
         const int released = m_releasedByOthers.load(std::memory_order_relaxed);
         counters.holders = std::clamp(listed - released, 0, counters.holders);
         m_releasedByOthers.store(listed - counters.holders, std::memory_order_relaxed);

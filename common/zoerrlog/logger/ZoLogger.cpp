@@ -26,9 +26,10 @@ CZoLogger::CZoLogger()
       m_iComponentCount(0),
       m_bUseLocalTime(false),
       m_iComponentInfoCount(0),
+      m_pDataFieldInfo(nullptr),
       m_iDataFieldCount(0),
-      m_aComponentTraced(std::make_unique<ZoSelectionCache>()),
-      m_traceState(0),
+      m_selection(nullptr),
+      m_tracedVersion(0),
       m_dwTlsIndex(zoerrlog::platform::kNoThreadSlot),
       m_iExecutionTimeThreshold(0) {
     Init();

@@ -142,6 +142,12 @@ public:
     const char* FetchMsg(unsigned int id) const;
     /// The bundle name of the component that owns message `id`, or null as above.
     const char* GetMsgBundle(unsigned int id) const;
+    /// What FetchMsg and GetMsgBundle give for message `id`.
+    struct MessageEntry {
+        const char* entry;
+        const char* bundleName;
+    };
+    MessageEntry FindMessage(unsigned int id) const;
     /// The components and their sub-components: "name ; description : sub ; description&sub ;
     /// description | name ; ...". Null when the logger is not initialised.
     const char* GetAvailableComponents() const;
@@ -203,11 +209,16 @@ private:
     void InstallConfiguration(std::unique_ptr<CZoTraceData> configuration);
     void DropConfiguration();
     void PublishTraceState();
+    void BeginTraceChange();
 
+    struct QuickAnswer;
     bool MayTrace() const;
-    bool MayTrace(unsigned int componentId) const;
+    QuickAnswer AskUnguarded(unsigned int componentId) const;
     bool IsTracing() const;
     bool IsTracing(unsigned int componentId);
+    bool IsTracingForSure(unsigned int componentId);
+    bool ShouldTraceForSure(unsigned int componentId, CZoTraceData& record);
+    bool ShouldTraceAllocForSure(unsigned int componentId, CZoTraceData** record);
     bool HandOutRecord(CZoTraceData** record);
     void Refresh(CZoTraceData& record) const;
     CZoTraceData* RecordOfThread();
@@ -227,12 +238,15 @@ private:
     std::string m_strAvailableDataFields;
     std::unique_ptr<ZoTraceComponentInfo[]> m_pComponentInfo;
     int m_iComponentInfoCount;
-    std::unique_ptr<ZoTraceDataFieldInfo[]> m_pDataFieldInfo;
+    const ZoTraceDataFieldInfo* m_pDataFieldInfo;  // the same for all loggers
     int m_iDataFieldCount;
-    std::unique_ptr<CZoTraceData> m_pTraceData;  // the installed configuration
-    std::unique_ptr<ZoSelectionCache> m_aComponentTraced;
-    std::atomic<unsigned int> m_traceState;  // what is installed, for a look without the guard
-    unsigned long m_dwTlsIndex;              // 0 for none
+    std::unique_ptr<CZoTraceData> m_pTraceData;            // the installed configuration
+    std::unique_ptr<ZoSelectionCache> m_aComponentTraced;  // from the first configuration on
+    // For a look without the guard: the cache while there is a configuration and an output, null
+    // otherwise; and the version of that configuration, 0 while any of it is being changed.
+    std::atomic<const ZoSelectionCache*> m_selection;
+    std::atomic<int> m_tracedVersion;
+    unsigned long m_dwTlsIndex;  // 0 for none
     std::atomic<int> m_iExecutionTimeThreshold;
 
     // Owners of what the tables above point to.

@@ -1,4 +1,17 @@
+#include <zoerrlog/base/ZoReadHold.h>
 #include <zoerrlog/logger/ZoLogger.h>
+
+using zoerrlog::base::ReadHold;
+
+// Inline, because a line comes through here: see zoerrlog::platform::WriteFile.
+inline bool CZoLogger::LogTo(CZoErrLogGuard& guard, const OutputOwner& output,
+                             CZoErrLogMessage& message) {
+    if (!Inited()) {
+        return false;
+    }
+    const ReadHold hold(guard.m_pState);
+    return output != nullptr && output->Log(message);
+}
 
 bool CZoLogger::SetLogOutput(CZoLogOutput* output) {
     const CZoErrLogAutoWriter hold(m_errorGuard);
@@ -32,24 +45,14 @@ bool CZoLogger::LogAuditMsg(CZoErrLogMessage& message) {
     return LogTo(m_auditGuard, m_pAuditOutput, message);
 }
 
-bool CZoLogger::LogTo(CZoErrLogGuard& guard, const OutputOwner& output, CZoErrLogMessage& message) {
-    if (!Inited()) {
-        return false;
-    }
-    const CZoErrLogAutoReader hold(guard);
-    return output != nullptr && output->Log(message);
-}
-
 bool CZoLogger::LogTraceMsg(CZoErrLogMessage& message) {
     if (!Inited()) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
-    bool taken = m_pTraceOutput != nullptr || m_pTraceOutput2 != nullptr;
-    for (CZoLogOutput* const output : {m_pTraceOutput.get(), m_pTraceOutput2.get()}) {
-        if (output != nullptr) {
-            taken = output->Log(message) && taken;
-        }
+    const ReadHold hold(m_traceGuard.m_pState);
+    if (m_pTraceOutput2 == nullptr) {
+        return m_pTraceOutput != nullptr && m_pTraceOutput->Log(message);
     }
-    return taken;
+    const bool firstTook = m_pTraceOutput == nullptr || m_pTraceOutput->Log(message);
+    return m_pTraceOutput2->Log(message) && firstTook;
 }

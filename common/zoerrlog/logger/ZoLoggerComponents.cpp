@@ -79,6 +79,14 @@ const char* CZoLogger::GetMsgBundle(unsigned int id) const {
     return component != nullptr ? component->GetBundleName() : nullptr;
 }
 
+CZoLogger::MessageEntry CZoLogger::FindMessage(unsigned int id) const {
+    CZoErrLogComponent* const component = FindComponent(id);
+    if (component == nullptr) {
+        return {nullptr, nullptr};
+    }
+    return {component->GetMessage(id), component->GetBundleName()};
+}
+
 const char* CZoLogger::GetAvailableComponents() const {
     return NullWhenEmpty(m_strAvailableComponents);
 }

@@ -41,7 +41,6 @@ void CZoLogger::Init() {
         m_ppComponents[i] = LoadComponent(static_cast<unsigned long>(i) + 1, libraries[i]);
     }
     InitKnownInfo();
-    m_aComponentTraced->Reset();
     ZoTraceDataPool::Instance().AddLogger();
     m_dwTlsIndex = zoerrlog::platform::AllocateThreadSlot();
     m_bInited.store(true, std::memory_order_release);
@@ -52,6 +51,7 @@ void CZoLogger::Release() {
     if (!Inited()) {
         return;
     }
+    BeginTraceChange();
     UnloadComponents();
     m_ppComponents.reset();
     m_builtInComponent.reset();
@@ -64,7 +64,7 @@ void CZoLogger::Release() {
     m_pComponentInfo.reset();
     m_iComponentInfoCount = 0;
     m_compositeNames.clear();
-    m_pDataFieldInfo.reset();
+    m_pDataFieldInfo = nullptr;
     m_iDataFieldCount = 0;
     DropConfiguration();
     PublishTraceState();
@@ -79,6 +79,8 @@ void CZoLogger::CloseForExit() {
     // Threads that still run get false from now on, but may hold texts and tables of the logger:
     // those stay, and the component libraries stay loaded.
     m_bInited.store(false, std::memory_order_release);
+    BeginTraceChange();
+    m_selection.store(nullptr, std::memory_order_release);
     RemoveForExit(m_errorGuard, {&m_pErrorOutput});
     RemoveForExit(m_traceGuard, {&m_pTraceOutput, &m_pTraceOutput2});
     RemoveForExit(m_auditGuard, {&m_pAuditOutput});

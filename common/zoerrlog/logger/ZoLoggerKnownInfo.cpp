@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/message/ZoMessageId.h>
@@ -33,6 +35,27 @@ std::unique_ptr<char[]> CompositeName(std::string_view component, std::string_vi
     *end++ = '/';
     std::copy(subComponent.begin(), subComponent.end(), end);
     return name;
+}
+
+using DataFieldDescriptors = std::array<ZoTraceDataFieldInfo, kZoDataFieldCount>;
+
+// The same for all loggers, which share it; without a destructor, as they outlast the end of the
+// process.
+const ZoTraceDataFieldInfo* DescribedDataFields() {
+    static_assert(std::is_trivially_destructible_v<DataFieldDescriptors>);
+    static const DataFieldDescriptors descriptors = [] {
+        DataFieldDescriptors all{};
+        const KNOWNDATAFIELDINFO* known = nullptr;
+        int count = 0;
+        GetKnownDataFields(&count, &known);
+        for (unsigned int i = 0; i < all.size(); ++i) {
+            all[i].id = i;
+            all[i].name = known[i].name;
+            all[i].width = known[i].width;
+        }
+        return all;
+    }();
+    return descriptors.data();
 }
 
 }  // namespace
@@ -89,15 +112,10 @@ void CZoLogger::DescribeDataFields() {
     const KNOWNDATAFIELDINFO* fields = nullptr;
     GetKnownDataFields(&m_iDataFieldCount, &fields);
     m_strAvailableDataFields.clear();
-    m_pDataFieldInfo =
-        std::make_unique<ZoTraceDataFieldInfo[]>(static_cast<std::size_t>(m_iDataFieldCount));
     for (int i = 0; i < m_iDataFieldCount; ++i) {
         m_strAvailableDataFields.append(i == 0 ? "" : " ").append(fields[i].name);
-        ZoTraceDataFieldInfo& info = m_pDataFieldInfo[i];
-        info.id = static_cast<unsigned int>(i);
-        info.name = fields[i].name;
-        info.width = fields[i].width;
     }
+    m_pDataFieldInfo = DescribedDataFields();
 }
 
 bool CZoLogger::GetTraceComponents(int* count, const ZoTraceComponentInfo** components) const {

@@ -1,12 +1,12 @@
+#include <zoerrlog/base/ZoReadHold.h>
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/logger/ZoSelectionCache.h>
-#include <zoerrlog/logger/ZoTraceState.h>
 #include <zoerrlog/platform/ThreadSlots.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 #include <zoerrlog/trace/ZoTraceDataPool.h>
 
-using namespace zoerrlog::logger;
 using namespace zoerrlog::platform;
+using zoerrlog::base::ReadHold;
 
 namespace {
 
@@ -15,16 +15,36 @@ constexpr unsigned int kComponentBits = 0xFFFF0000U;
 
 }  // namespace
 
-// What can be seen without the guard: enough for most answers of "no", never for a "yes".
+// What can be seen without the guard.
 
-bool CZoLogger::MayTrace() const {
-    const unsigned int state = m_traceState.load(std::memory_order_acquire);
-    return Inited() && (state & kConfiguration) != 0 &&
-           (state & (kFirstOutput | kSecondOutput)) != 0;
+/// The answer to a question about a component, and for "yes" the version of the configuration that
+/// gave it.
+struct CZoLogger::QuickAnswer {
+    ZoSelectionCache::Answer answer;
+    int version;
+};
+
+inline bool CZoLogger::MayTrace() const {
+    return m_selection.load(std::memory_order_acquire) != nullptr;
 }
 
-bool CZoLogger::MayTrace(unsigned int componentId) const {
-    return MayTrace() && m_aComponentTraced->Find(componentId) != ZoSelectionCache::kNotSelected;
+// The likely cases are those for which the question is asked at all: nobody wants to know.
+inline CZoLogger::QuickAnswer CZoLogger::AskUnguarded(unsigned int componentId) const {
+    const int version = m_tracedVersion.load(std::memory_order_acquire);
+    const ZoSelectionCache* const selection = m_selection.load(std::memory_order_acquire);
+    if (selection == nullptr) [[likely]] {
+        return {ZoSelectionCache::kNotSelected, 0};
+    }
+    const ZoSelectionCache::Answer answer = selection->Find(componentId);
+    if (answer == ZoSelectionCache::kNotSelected) [[likely]] {
+        return {answer, 0};
+    }
+    // A "yes" holds if it was found within the life of one configuration: a change takes the
+    // version away before it touches any answer.
+    if (version == 0 || m_tracedVersion.load(std::memory_order_relaxed) != version) {
+        return {ZoSelectionCache::kUnknown, 0};
+    }
+    return {answer, version};
 }
 
 // To be asked with the guard held.
@@ -48,37 +68,48 @@ bool CZoLogger::IsTracing(unsigned int componentId) {
 }
 
 bool CZoLogger::TraceEnabled(unsigned int componentId) {
-    if (componentId == 0) {
-        if (!MayTrace()) {
-            return false;
-        }
-        const CZoErrLogAutoReader hold(m_traceGuard);
-        return IsTracing();
-    }
-    if (!MayTrace(componentId)) {
+    const QuickAnswer quick = AskUnguarded(componentId);
+    if (quick.answer == ZoSelectionCache::kNotSelected) [[likely]] {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
-    return IsTracing(componentId);
+    return quick.answer == ZoSelectionCache::kSelected || IsTracingForSure(componentId);
+}
+
+// Apart from the question, like its neighbours below: an answer without the guard pays nothing for
+// it.
+__attribute__((noinline)) bool CZoLogger::IsTracingForSure(unsigned int componentId) {
+    const ReadHold hold(m_traceGuard.m_pState);
+    return componentId == 0 ? IsTracing() : IsTracing(componentId);
 }
 
 bool CZoLogger::FieldTraced(unsigned int field) {
     if (!MayTrace()) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
+    const ReadHold hold(m_traceGuard.m_pState);
     return IsTracing() && m_pTraceOutput != nullptr && m_pTraceData->FieldTraced(field);
 }
 
 bool CZoLogger::ShouldTrace(unsigned int componentId, CZoTraceData* record) {
-    if (record == nullptr || !MayTrace(componentId)) {
+    if (record == nullptr) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
+    const QuickAnswer quick = AskUnguarded(componentId);
+    if (quick.answer == ZoSelectionCache::kNotSelected) {
+        return false;
+    }
+    const bool upToDate =
+        quick.answer == ZoSelectionCache::kSelected && record->m_iConfigVersion == quick.version;
+    return upToDate || ShouldTraceForSure(componentId, *record);
+}
+
+__attribute__((noinline)) bool CZoLogger::ShouldTraceForSure(unsigned int componentId,
+                                                             CZoTraceData& record) {
+    const ReadHold hold(m_traceGuard.m_pState);
     if (!IsTracing(componentId)) {
         return false;
     }
-    Refresh(*record);
+    Refresh(record);
     return true;
 }
 
@@ -86,15 +117,31 @@ bool CZoLogger::TraceAlloc(CZoTraceData** record) {
     if (record == nullptr || *record != nullptr || !MayTrace()) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
+    const ReadHold hold(m_traceGuard.m_pState);
     return IsTracing() && HandOutRecord(record);
 }
 
 bool CZoLogger::ShouldTraceAlloc(unsigned int componentId, CZoTraceData** record) {
-    if (record == nullptr || *record != nullptr || !MayTrace(componentId)) {
+    if (record == nullptr || *record != nullptr) {
         return false;
     }
-    const CZoErrLogAutoReader hold(m_traceGuard);
+    const QuickAnswer quick = AskUnguarded(componentId);
+    if (quick.answer == ZoSelectionCache::kNotSelected) {
+        return false;
+    }
+    if (quick.answer == ZoSelectionCache::kSelected) {
+        const auto* entry = static_cast<const ThreadTraceData*>(ThreadSlotValue(m_dwTlsIndex));
+        if (entry != nullptr && entry->m_pTraceData->m_iConfigVersion == quick.version) {
+            *record = entry->m_pTraceData;
+            return true;
+        }
+    }
+    return ShouldTraceAllocForSure(componentId, record);
+}
+
+__attribute__((noinline)) bool CZoLogger::ShouldTraceAllocForSure(unsigned int componentId,
+                                                                  CZoTraceData** record) {
+    const ReadHold hold(m_traceGuard.m_pState);
     return IsTracing(componentId) && HandOutRecord(record);
 }
 

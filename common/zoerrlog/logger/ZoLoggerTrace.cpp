@@ -4,7 +4,6 @@
 #include <zoerrlog/logger/ZoConfigVersion.h>
 #include <zoerrlog/logger/ZoLogger.h>
 #include <zoerrlog/logger/ZoSelectionCache.h>
-#include <zoerrlog/logger/ZoTraceState.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 
@@ -51,6 +50,7 @@ bool CZoLogger::EnableTrace(CZoLogOutput* output, CZoLogOutput* output2, int for
     if (bKeepConfiguration && m_pTraceData == nullptr) {
         return false;
     }
+    BeginTraceChange();
     RemoveTraceOutputs(bKeepConfiguration);
     if (!bKeepConfiguration) {
         DropConfiguration();
@@ -72,6 +72,7 @@ bool CZoLogger::EnableTrace(CZoLogOutput* output, CZoLogOutput* output2, int for
 
 void CZoLogger::DisableTrace(bool bKeepConfiguration) {
     const CZoErrLogAutoWriter hold(m_traceGuard);
+    BeginTraceChange();
     RemoveTraceOutputs(bKeepConfiguration);
     if (!bKeepConfiguration) {
         DropConfiguration();
@@ -85,8 +86,8 @@ std::unique_ptr<CZoTraceData> CZoLogger::ReadConfiguration(int format, const cha
                                                            const ZoTraceConfigObserver* observer) {
     auto configuration = std::make_unique<CZoTraceData>();
     if (!configuration->SetConfiguration(format, separator, configFile, m_iComponentInfoCount,
-                                         m_pComponentInfo.get(), m_pDataFieldInfo.get(),
-                                         useLocalTime, observer)) {
+                                         m_pComponentInfo.get(), m_pDataFieldInfo, useLocalTime,
+                                         observer)) {
         return nullptr;
     }
     return configuration;
@@ -138,13 +139,21 @@ void CZoLogger::InstallConfiguration(std::unique_ptr<CZoTraceData> configuration
         }
     }
     UseLocalTime(configuration->m_bLocalTime);
+    if (m_aComponentTraced == nullptr) {
+        m_aComponentTraced = std::make_unique<ZoSelectionCache>();
+    }
     m_aComponentTraced->Reset();
     m_pTraceData = std::move(configuration);
 }
 
+// From here to the publication every question but a "no" from the cache waits for the guard.
+void CZoLogger::BeginTraceChange() {
+    m_tracedVersion.store(0, std::memory_order_release);
+}
+
 void CZoLogger::PublishTraceState() {
-    const unsigned int state = (m_pTraceData != nullptr ? kConfiguration : 0U) |
-                               (m_pTraceOutput != nullptr ? kFirstOutput : 0U) |
-                               (m_pTraceOutput2 != nullptr ? kSecondOutput : 0U);
-    m_traceState.store(state, std::memory_order_release);
+    const bool hasOutput = m_pTraceOutput != nullptr || m_pTraceOutput2 != nullptr;
+    const bool tracing = m_pTraceData != nullptr && hasOutput;
+    m_selection.store(tracing ? m_aComponentTraced.get() : nullptr, std::memory_order_release);
+    m_tracedVersion.store(tracing ? m_pTraceData->m_iConfigVersion : 0, std::memory_order_release);
 }

@@ -1,8 +1,9 @@
-# zoerrlog_add_component_test(<name> SETS <set>... SOURCES <file>... [LIBRARIES <target>...])
+# zoerrlog_add_component_test(<name> SETS <set>... SOURCES <file>... [LIBRARIES <target>...]
+#   [LABELS <label>...])
 # As zoerrlog_add_test, with the component libraries of a set installed; with several sets every
 # case runs with each.
 function(zoerrlog_add_component_test name)
-  cmake_parse_arguments(arg "" "" "SETS;SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "" "SETS;SOURCES;LIBRARIES;LABELS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE
@@ -15,6 +16,7 @@ function(zoerrlog_add_component_test name)
       DISCOVERY_TIMEOUT 60
       PROPERTIES
         TIMEOUT 300
-        ENVIRONMENT "LD_LIBRARY_PATH=${PROJECT_BINARY_DIR}/lib/test_components/${set}")
+        ENVIRONMENT "LD_LIBRARY_PATH=${PROJECT_BINARY_DIR}/lib/test_components/${set}"
+        LABELS "${arg_LABELS}")
   endforeach()
 endfunction()
