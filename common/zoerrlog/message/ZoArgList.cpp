@@ -9,25 +9,38 @@ CpaArgList& CpaArgList::clear() {
 }
 
 CpaArgList& CpaArgList::operator<<(const CpaStream& value) {
-    const auto limit = static_cast<unsigned long long>(MAX_ARGC);
-    const std::string_view text = value.view();
-    if (argc < limit) {
-        args.append(text);
-        args.push_back('\0');
-        ++argc;
+    if (argc == MAX_ARGC) {
+        return *this;
     }
-    for (std::size_t zero = text.find('\0'); zero != std::string_view::npos && argc < limit;
-         zero = text.find('\0', zero + 1)) {
-        ++argc;
+    const std::string_view text = value.view();
+    const std::size_t start = args.size();
+    *ZoCopyShort(args.prepare(text.size() + 1), text) = '\0';
+    args.commit(text.size() + 1);
+    m_places[argc++] = {start, text.size()};
+    if (value.may_hold_zeros()) {
+        SplitAtZeros(text);
     }
     return *this;
 }
 
+// The last argument so far becomes one for each part of `text`, as far as there is room.
+void CpaArgList::SplitAtZeros(std::string_view text) {
+    std::size_t start = m_places[argc - 1].start;
+    for (std::size_t zero = text.find('\0'); zero != std::string_view::npos;
+         zero = text.find('\0')) {
+        m_places[argc - 1].length = zero;
+        if (argc == MAX_ARGC) {
+            return;
+        }
+        text.remove_prefix(zero + 1);
+        start += zero + 1;
+        m_places[argc++] = {start, text.size()};
+    }
+}
+
 unsigned long long CpaArgList::toArgv(const char** argv) const {
-    const char* next = args.data();
     for (unsigned long long i = 0; i < argc; ++i) {
-        argv[i] = next;
-        next += std::strlen(next) + 1;
+        argv[i] = args.data() + m_places[i].start;
     }
     return argc;
 }

@@ -7,13 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include <zoerrlog/message/ZoPlainFormat.h>
+
 namespace zoerrlog::message {
 namespace {
 
 // What may stand between "%" and the conversion's letter.
 enum PartOfConversion : unsigned char { kLetter = 0, kOption, kLengthModifier };
 
-// By character; looked up rather than searched for, because every pattern is read on every line.
+// By character.
 constexpr auto kParts = [] {
     std::array<PartOfConversion, 256> parts{};
     for (const char option : std::string_view("0123456789$ #+-'I*.")) {
@@ -103,6 +105,9 @@ int Format(char* dst, std::size_t size, const char* format, va_list args) {
 }  // namespace
 
 int FormatBounded(char* dst, std::size_t size, const char* format, va_list args) {
+    if (const int length = FormatPlain(dst, size, format, args); length >= 0) {
+        return length;
+    }
     dst[0] = '\0';
     const int length = Format(dst, size, format, args);
     if (length < 0) {

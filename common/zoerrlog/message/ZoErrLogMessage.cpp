@@ -38,11 +38,9 @@ bool CZoErrLogMessage::FormatLogProlog(const char* sourceFile, int line, int mes
     }
     m_iMessageType = messageType;
     m_text.clear();
-    m_text.append({zoerrlog::message::PrologStart(m_bUseLocalTime),
-                   "[",
-                   sourceFile != nullptr ? PathnameFindFilePart(sourceFile) : "",
-                   {lineNumber, static_cast<std::size_t>(end - lineNumber)},
-                   "]"});
+    m_text.append(zoerrlog::message::PrologStart(m_bUseLocalTime),
+                  sourceFile != nullptr ? PathnameFindFilePart(sourceFile) : "",
+                  std::string_view(lineNumber, static_cast<std::size_t>(end - lineNumber)), "]");
     return true;
 }
 

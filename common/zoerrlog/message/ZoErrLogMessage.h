@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <ctime>
+#include <string_view>
 
 #include <zoerrlog/base/ZoByteString.h>
 #include <zoerrlog/base/ZoExport.h>
@@ -148,6 +149,9 @@ public:
     static const char* PathnameFindFilePart(const char* path);
 
 private:
+    friend class CZoTraceData;
+
+    void TakeMessageId(unsigned int id);
     void AppendPattern(const char* pattern, va_list args);
 
     ZoByteString m_text;

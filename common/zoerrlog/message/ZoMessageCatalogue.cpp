@@ -1,12 +1,11 @@
 #include <algorithm>
-#include <memory>
+#include <cstring>
 #include <string_view>
 
-#include <zoerrlog/logger/ZoLogger.h>
+#include <zoerrlog/message/ZoCatalogueEntry.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
 #include <zoerrlog/message/ZoMessageId.h>
 #include <zoi18n/zoi18n.h>
-#include <zoxlate/zoxlate.h>
 
 namespace {
 
@@ -17,36 +16,6 @@ constexpr std::size_t kLongestText = 4095;
 // byte whether or not the formatter counts the terminator.
 constexpr std::size_t kTextBufferSize = kLongestText + 2;
 constexpr const char* kTraceLocale = "en";
-
-struct ReleaseBundle {
-    void operator()(CZoXlate* bundle) const { bundle->Release(); }
-};
-using Bundle = std::unique_ptr<CZoXlate, ReleaseBundle>;
-
-/// Where a message's text comes from; the pattern may belong to the bundle.
-struct CatalogueEntry {
-    const char* key;
-    const char* pattern;
-    Bundle bundle;
-};
-
-CatalogueEntry FindEntry(unsigned int id, const char* locale) {
-    if (ComponentNumber(id) == kBuiltInComponent) {
-        return {"zo-log-00000", "{0}", nullptr};
-    }
-    const CZoLogger& logger = *theLogger();
-    const char* const bundleName = logger.GetMsgBundle(id);
-    if (bundleName == nullptr) {
-        return {"zo-log-00001", "missing component library", nullptr};
-    }
-    const char* const key = logger.FetchMsg(id);
-    if (key == nullptr) {
-        return {"zo-log-00002", "missing message key", nullptr};
-    }
-    Bundle bundle(CZoXlate::GetBundle(bundleName, locale));
-    const char* const text = bundle != nullptr ? bundle->GetText(key) : nullptr;
-    return {key, text != nullptr ? text : key, std::move(bundle)};
-}
 
 bool ContinuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -65,51 +34,77 @@ std::string_view Cut(std::string_view text, std::size_t limit) {
     return text.substr(0, ContinuesCharacter(text[length]) ? limit : length);
 }
 
-void CopyText(const char* text, char* dst, std::size_t dstSize) {
-    const std::string_view copied = Cut(text, dstSize - 1);
-    std::copy(copied.begin(), copied.end(), dst);
-    dst[copied.size()] = '\0';
+// Writes the pattern with the arguments filled in, at most `dstSize` bytes with the terminator, and
+// returns its length.
+std::size_t FillPattern(std::string_view pattern, const CpaArgList& args, char* dst,
+                        std::size_t dstSize) {
+    if (args.argc == 0) {
+        const std::string_view text = Cut(pattern, dstSize - 1);
+        *ZoCopyShort(dst, text) = '\0';
+        return text.size();
+    }
+    CZoXlate::Text texts[CpaArgList::MAX_ARGC];
+    for (unsigned long long i = 0; i < args.argc; ++i) {
+        texts[i] = {args.argument(i).data(), args.argument(i).size()};
+    }
+    dst[0] = '\0';
+    return CZoXlate::FormatText(dst, dstSize - 1, {pattern.data(), pattern.size()}, args.argc,
+                                texts);
 }
 
-std::string_view TextIn(const char* buffer) {
-    return Cut(buffer, kLongestText);
+// As a rule the text fits behind the prolog and is written where it stays.
+void AppendFilledPattern(ZoByteString& text, std::string_view pattern, const CpaArgList& args) {
+    // A text that ends this near to the end of its room may have been cut.
+    constexpr std::size_t kMargin = 8;
+    const std::size_t room = std::min(text.room(), kTextBufferSize);
+    if (room > kMargin) {
+        const std::size_t length = FillPattern(pattern, args, text.prepare(0), room);
+        if (length < room - kMargin) {
+            text.commit(length);
+            return;
+        }
+        text.commit(0);
+    }
+    char whole[kTextBufferSize];
+    const std::size_t length = FillPattern(pattern, args, whole, sizeof(whole));
+    text.append(Cut({whole, length}, kLongestText));
 }
 
 }  // namespace
 
 const char* CZoErrLogMessage::PreformatMessage(unsigned int id, const char* locale, char* dst,
                                                size_t dstSize) {
-    if (id != 0) {
-        m_dwMessageId = id;
-        m_iSeverity = SeverityOf(id);
+    TakeMessageId(id);
+    const MessageName name = FindMessageName(m_dwMessageId);
+    if (dst != nullptr && dstSize != 0) {
+        BundleHold bundle;
+        FillPattern(FindPattern(name, locale, bundle), m_argList, dst, dstSize);
     }
-    const CatalogueEntry entry = FindEntry(m_dwMessageId, locale);
-    if (dst == nullptr || dstSize == 0) {
-        return entry.key;
-    }
-    if (m_argList.argc == 0) {
-        CopyText(entry.pattern, dst, dstSize);
-        return entry.key;
-    }
-    const char* argv[CpaArgList::MAX_ARGC];
-    const size_t argc = m_argList.toArgv(argv);
-    dst[0] = '\0';
-    dst[dstSize - 1] = '\0';
-    CZoXlate::FormatMessageA(dst, dstSize - 1, entry.pattern, argc, argv);
-    return entry.key;
+    return name.key;
 }
 
 const char* CZoErrLogMessage::FormatMessageA(unsigned int id) {
-    char text[kTextBufferSize];
-    const char* const key = PreformatMessage(id, ZoGetAdminLocale(), text, sizeof(text));
-    m_text.append({"[", SeverityWord(m_iSeverity), "][", key, "] ", TextIn(text), "\n"});
+    TakeMessageId(id);
+    const RememberedMessage message(m_dwMessageId, m_iSeverity, ZoGetAdminLocale());
+    message.AppendHead(m_text);
+    AppendFilledPattern(m_text, message.Pattern(), m_argList);
+    m_text.push_back('\n');
     return GetBuffer();
 }
 
 const char* CZoErrLogMessage::FormatMessageForTrace(unsigned int id) {
-    char text[kTextBufferSize];
-    const char* const key = PreformatMessage(id, kTraceLocale, text, sizeof(text));
+    TakeMessageId(id);
+    const RememberedMessage message(m_dwMessageId, m_iSeverity, kTraceLocale);
     m_text.clear();
-    m_text.append({"[", key, "] ", TextIn(text)});
+    message.AppendKey(m_text);
+    AppendFilledPattern(m_text, message.Pattern(), m_argList);
     return GetBuffer();
+}
+
+// 0 repeats the last one.
+void CZoErrLogMessage::TakeMessageId(unsigned int id) {
+    if (id != 0) {
+        m_dwMessageId = id;
+        m_iSeverity = SeverityOf(id);
+    }
 }

@@ -17,7 +17,7 @@ const char* FetchEntry(int id) {
 }
 
 void AppendSeverity(ZoByteString& text, int id) {
-    text.append({"[", SeverityWord(SeverityOf(static_cast<unsigned int>(id))), "] "});
+    text.append("[", SeverityWord(SeverityOf(static_cast<unsigned int>(id))), "] ");
 }
 
 // Each search starts where the last argument was put in, so a marker inside an argument takes the

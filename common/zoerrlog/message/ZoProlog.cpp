@@ -13,7 +13,7 @@ namespace zoerrlog::message {
 namespace {
 
 constexpr std::size_t kNumberLength = 11;  // of any 32-bit number with its sign
-constexpr std::size_t kPunctuation = 5;    // "[", "/", "][" and "]"
+constexpr std::size_t kPunctuation = 6;    // "[", "/", "][" and "]["
 constexpr std::size_t kStartSize = 2 * kNumberLength + kPunctuation + kLongDateLength;
 
 /// The start of the last line, with everything that it depends on.
@@ -26,9 +26,14 @@ struct PrologCache {
     char text[kStartSize] = {};
 };
 
-thread_local PrologCache t_cache;
+// Not inline, or the address of the thread's variable would be asked for anew at every use.
+__attribute__((noinline)) PrologCache& CacheOfThread() noexcept {
+    thread_local PrologCache cache;
+    return cache;
+}
 
-void Build(PrologCache& cache, const std::tm& time) noexcept {
+// Once a second: kept out of the way of every line.
+__attribute__((noinline, cold)) void Build(PrologCache& cache, const std::tm& time) noexcept {
     char* const end = cache.text + kStartSize;
     char* next = cache.text;
     *next++ = '[';
@@ -40,14 +45,15 @@ void Build(PrologCache& cache, const std::tm& time) noexcept {
     WriteLongDate(time, next);
     next += kLongDateLength;
     *next++ = ']';
+    *next++ = '[';
     cache.length = static_cast<unsigned char>(next - cache.text);
 }
 
 }  // namespace
 
 std::string_view PrologStart(bool localTime) noexcept {
-    PrologCache& cache = t_cache;
-    const std::int64_t second = platform::Now().seconds;
+    PrologCache& cache = CacheOfThread();
+    const std::int64_t second = platform::CurrentSecond();
     const std::uint32_t generation = platform::ForkGeneration();
     const long zone = localTime ? platform::LocalTimeZone() : 0;
     if (cache.second != second || cache.localTime != localTime || cache.generation != generation ||

@@ -5,7 +5,7 @@
 
 namespace zoerrlog::message {
 
-/// "[pid/tid][date]" of the calling thread at this moment. The text is the thread's own and valid
+/// "[pid/tid][date][" of the calling thread at this moment. The text is the thread's own and valid
 /// until its next call; it is built once a second and thread.
 std::string_view PrologStart(bool localTime) noexcept;
 

@@ -8,11 +8,23 @@
 
 using namespace zoerrlog::message;
 
-namespace {
-
-constexpr std::string_view kBetweenColumns = "  ";
-
-}  // namespace
+std::size_t zoerrlog::message::RoomBesideValue(int format, std::size_t nameSize, int width,
+                                               std::size_t tagSize) {
+    constexpr std::size_t kBrackets = 2;
+    constexpr std::size_t kElement = std::string_view("\t<></>\n").size();
+    switch (format) {
+        case kBracketed:
+            return kBrackets;
+        case kColumns:
+            return kBetweenColumns.size() + static_cast<std::size_t>(width);
+        case kDelimited:
+            return tagSize;
+        case kXml:
+            return kElement + 2 * nameSize;
+        default:
+            return 0;
+    }
+}
 
 void CZoErrLogMessage::BeginTraceFormat(int format, bool useLocalTime, const char* tag) {
     m_iTraceFormat = format;
@@ -20,50 +32,47 @@ void CZoErrLogMessage::BeginTraceFormat(int format, bool useLocalTime, const cha
     m_pszTraceTag = tag != nullptr ? tag : "";
     m_bFirstField = true;
     if (format == kXml) {
-        m_text.append({"<", m_pszTraceTag, ">\n"});
+        m_text.append("<", m_pszTraceTag, ">\n");
     }
 }
 
 void CZoErrLogMessage::FormatTraceField(const char* value, const char* name) {
+    // Null stands where the layout reads nothing.
+    const std::string_view text(value != nullptr ? value : "");
+    const std::string_view element(name != nullptr ? name : "");
+    const std::string_view separator(m_pszTraceTag != nullptr ? m_pszTraceTag : "");
+    char* const start = m_text.prepare(
+        text.size() + RoomBesideValue(m_iTraceFormat, element.size(), 0, separator.size()));
+    char* end = start;
     switch (m_iTraceFormat) {
-        case kBracketed: {
-            // By hand: this is done for every field of every line, and single bytes as parts of
-            // their own would double its cost.
-            const std::string_view text(value);
-            char* next = m_text.prepare(text.size() + 2);
-            *next++ = '[';
-            next = std::copy(text.begin(), text.end(), next);
-            *next = ']';
-            m_text.commit(text.size() + 2);
+        case kBracketed:
+            end = PutBracketed(start, text);
             break;
-        }
         case kDelimited:
-            m_text.append({m_bFirstField ? "" : m_pszTraceTag, value});
+            end = PutDelimited(start, text, separator, m_bFirstField);
             m_bFirstField = false;
             break;
         case kXml:
-            m_text.append({"\t<", name, ">", value, "</", name, ">\n"});
+            end = PutElement(start, text, element);
             break;
         default:
             break;
     }
+    m_text.commit(static_cast<std::size_t>(end - start));
 }
 
 void CZoErrLogMessage::FormatTraceField(const char* value, int width) {
     const auto columnSize = static_cast<std::size_t>(std::max(width, 0));
+    char* const start = m_text.prepare(columnSize + kBetweenColumns.size());
     const std::string_view text(value, strnlen(value, columnSize));
-    const std::string_view gap = m_bFirstField ? std::string_view() : kBetweenColumns;
+    const char* const end = PutColumn(start, text, columnSize, m_bFirstField);
     m_bFirstField = false;
-    char* next = m_text.prepare(gap.size() + columnSize);
-    next = std::copy(gap.begin(), gap.end(), next);
-    next = std::copy(text.begin(), text.end(), next);
-    std::fill_n(next, columnSize - text.size(), ' ');
-    m_text.commit(gap.size() + columnSize);
+    m_text.commit(static_cast<std::size_t>(end - start));
 }
 
 void CZoErrLogMessage::EndTraceFormat() {
     if (m_iTraceFormat == kXml) {
-        m_text.append({"</", m_pszTraceTag, ">\n"});
+        m_text.append("</", m_pszTraceTag, ">\n");
     } else {
         m_text.push_back('\n');
     }

@@ -63,22 +63,10 @@ bool CZoFileOutput::Open() {
     }
 }
 
-bool CZoFileOutput::Log(CZoErrLogMessage& message) {
-    return Log(message.GetBuffer());
-}
-
-bool CZoFileOutput::Log(const char* text) {
-    if (text == nullptr) {
-        return false;
-    }
-    const std::string_view line(text);
-    if (IsSizeLimited()) {
-        return LogWithinLimit(line);
-    }
-    if (RetryIsDue() && !RetryRollover()) {
-        return false;
-    }
-    return LogMessage(line);
+inline bool CZoFileOutput::LogMessage(std::string_view line) {
+    const int descriptor = fd.load(std::memory_order_acquire);
+    return descriptor >= 0 &&
+           zoerrlog::platform::WriteFile(descriptor, line.data(), line.size()) >= 0;
 }
 
 bool CZoFileOutput::LogWithinLimit(std::string_view line) {
@@ -99,10 +87,23 @@ bool CZoFileOutput::LogWithinLimit(std::string_view line) {
     return LogMessage(line);
 }
 
-bool CZoFileOutput::LogMessage(std::string_view line) {
-    const int descriptor = fd.load(std::memory_order_acquire);
-    return descriptor >= 0 &&
-           zoerrlog::platform::WriteFile(descriptor, line.data(), line.size()) >= 0;
+// Inline, like LogMessage: see zoerrlog::platform::WriteFile.
+inline bool CZoFileOutput::LogLine(std::string_view line) {
+    if (IsSizeLimited()) {
+        return LogWithinLimit(line);
+    }
+    if (RetryIsDue() && !RetryRollover()) {
+        return false;
+    }
+    return LogMessage(line);
+}
+
+bool CZoFileOutput::Log(CZoErrLogMessage& message) {
+    return LogLine({message.GetBuffer(), static_cast<std::size_t>(message.GetStringLen())});
+}
+
+bool CZoFileOutput::Log(const char* text) {
+    return text != nullptr && LogLine(text);
 }
 
 bool CZoFileOutput::Close() {

@@ -74,6 +74,7 @@ private:
     bool OpenFile(int how);
     bool CloseFile();
     bool LogMessage(std::string_view line);
+    bool LogLine(std::string_view line);
     bool LogWithinLimit(std::string_view line);
 
     bool RetryIsDue() const;

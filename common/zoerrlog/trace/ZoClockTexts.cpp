@@ -25,9 +25,14 @@ struct Second {
     char preciseTime[kTimeLength + 1 + kMillisecondDigits] = {};
 };
 
-thread_local Second t_second;
+// Not inline, or the address of the thread's variable would be asked for anew at every use.
+__attribute__((noinline)) Second& SecondOfThread() noexcept {
+    thread_local Second second;
+    return second;
+}
 
-void Build(Second& texts, const std::tm& time) noexcept {
+// Once a second: kept out of the way of every line.
+__attribute__((noinline, cold)) void Build(Second& texts, const std::tm& time) noexcept {
     constexpr int kFirstYear = 1900;
     char* next = WriteDigits(time.tm_mon + 1, 2, texts.date);
     *next++ = '/';
@@ -46,7 +51,7 @@ void Build(Second& texts, const std::tm& time) noexcept {
 }  // namespace
 
 ClockTexts ReadClock(bool localTime) noexcept {
-    Second& texts = t_second;
+    Second& texts = SecondOfThread();
     const platform::WallTime now = platform::Now();
     const long zone = localTime ? platform::LocalTimeZone() : 0;
     if (texts.second != now.seconds || texts.localTime != localTime || texts.zone != zone) {

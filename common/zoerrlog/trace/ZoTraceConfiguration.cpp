@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <iterator>
 #include <string>
 
 #include <zoerrlog/message/ZoMessageId.h>
+#include <zoerrlog/message/ZoTraceLayout.h>
 #include <zoerrlog/trace/ZoTraceConfigReader.h>
 #include <zoerrlog/trace/ZoTraceData.h>
 #include <zoerrlog/trace/ZoTraceSettings.h>
@@ -19,11 +19,9 @@ bool CZoTraceData::SetConfiguration(int format, const char* separator, const cha
     m_settings = std::make_shared<ZoTraceSettings>();
     m_settings->separator = separator != nullptr ? separator : "";
     m_settings->components.assign(components, components + componentCount);
-    for (int i = 0; i < kZoDataFieldCount; ++i) {
-        m_fields[i].id = fields[i].id;
-        m_fields[i].name = fields[i].name;
-        m_fields[i].width = fields[i].width;
-    }
+    std::copy_n(fields, kZoDataFieldCount, m_settings->fields.begin());
+    m_traced.Clear();
+    m_filtered.Clear();
     m_bLocalTime = localTime;
     m_iFormat = format;
     m_bConfigured = true;
@@ -52,11 +50,12 @@ ZoTraceComponentInfo* CZoTraceData::FindComponent(Condition condition) const {
     return found != components.end() ? &*found : nullptr;
 }
 
-ZoTraceDataFieldInfo* CZoTraceData::GetDataFieldInfo(std::string_view name) {
-    ZoTraceDataFieldInfo* const found =
-        std::find_if(std::begin(m_fields), std::end(m_fields),
+ZoTraceDataFieldInfo* CZoTraceData::GetDataFieldInfo(std::string_view name) const {
+    auto& fields = m_settings->fields;
+    const auto found =
+        std::find_if(fields.begin(), fields.end(),
                      [name](const ZoTraceDataFieldInfo& info) { return info.name == name; });
-    return found != std::end(m_fields) ? found : nullptr;
+    return found != fields.end() ? &*found : nullptr;
 }
 
 bool CZoTraceData::MarkComponentTraced(unsigned int id) {
@@ -81,19 +80,25 @@ bool CZoTraceData::MarkFieldTraced(ZoTraceDataFieldInfo& field) {
     if (field.traced) {
         return false;
     }
-    // The last slot is taken only when all fields are traced: the list then has no end mark.
-    *std::find(std::begin(m_fieldOrder), std::end(m_fieldOrder), 0U) = field.id + 1;
+    ZoTraceSettings& settings = *m_settings;
+    settings.columns.push_back({field.id, field.width, field.name});
+    settings.widestColumn = std::max({settings.widestColumn, static_cast<std::size_t>(field.width),
+                                      settings.columns.back().name.size()});
+    settings.roomBesideValues += RoomBesideValue(m_iFormat, settings.columns.back().name.size(),
+                                                 field.width, settings.separator.size());
     field.traced = true;
+    m_traced.Add(field.id);
     return true;
 }
 
 void CZoTraceData::SetFilter(ZoTraceDataFieldInfo& field, unsigned int filterOperator,
                              std::string_view value) {
-    std::string& owned = m_settings->filterValues[field.id];
-    owned = value;
-    field.filterValue = owned.c_str();
+    ZoTraceSettings::Filter& filter = m_settings->filters[field.id];
+    filter = {filterOperator, std::string(value)};
+    field.filterValue = filter.value.c_str();
     field.filterOperator = filterOperator;
     field.filtered = true;
+    m_filtered.Add(field.id);
 }
 
 bool CZoTraceData::ComponentSelected(unsigned int id) const {

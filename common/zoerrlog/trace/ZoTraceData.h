@@ -3,12 +3,13 @@
 
 #include <cstdarg>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string_view>
 
 #include <zoerrlog/base/ZoExport.h>
 #include <zoerrlog/message/ZoErrLogMessage.h>
+#include <zoerrlog/trace/ZoFieldSet.h>
+#include <zoerrlog/trace/ZoFieldValues.h>
 #include <zoerrlog/trace/ZoKnownInfo.h>
 #include <zoerrlog/trace/ZoTraceConfigEvent.h>
 
@@ -35,8 +36,7 @@ struct ZoTraceSettings;
 /// longer, may throw std::bad_alloc.
 class ZOERRLOG_EXPORT CZoTraceData {
 public:
-    /// A record without a configuration, for callers of CZoLogger::ShouldTrace. It is large, some
-    /// 80 KB.
+    /// A record without a configuration, for callers of CZoLogger::ShouldTrace. It takes some 4 KB.
     CZoTraceData();
     virtual ~CZoTraceData();
     CZoTraceData(const CZoTraceData&) = delete;
@@ -64,13 +64,9 @@ public:
     bool SetFieldValue(unsigned int id, const char* value);
 
     /// True when the configuration names the field for the trace line.
-    bool FieldTraced(unsigned int id) const {
-        return id < kZoDataFieldCount && m_fields[id].traced;
-    }
+    bool FieldTraced(unsigned int id) const { return m_traced.Has(id); }
     /// True when the configuration has a filter on the field.
-    bool FieldFiltered(unsigned int id) const {
-        return id < kZoDataFieldCount && m_fields[id].filtered;
-    }
+    bool FieldFiltered(unsigned int id) const { return m_filtered.Has(id); }
     /// True when the configuration selects exactly this component or sub-component.
     bool ComponentSelected(unsigned int id) const;
 
@@ -107,9 +103,6 @@ private:
     friend class ZoTraceConfigReader;
     friend class ZoTraceDataPool;
 
-    static constexpr unsigned int kBitsOfWord = 64;
-    static constexpr int kValueWords = (kZoDataFieldCount + kBitsOfWord - 1) / kBitsOfWord;
-
     /// What a line made by AssembleTraceMessage consists of; any other number underlines with "=".
     enum LineKind { kValues = 0, kNames = 1, kDashes = 2, kUnderline = 3 };
 
@@ -124,7 +117,7 @@ private:
     ZoTraceComponentInfo* GetComponentInfo(std::string_view name) const;
     template <typename Condition>
     ZoTraceComponentInfo* FindComponent(Condition condition) const;
-    ZoTraceDataFieldInfo* GetDataFieldInfo(std::string_view name);
+    ZoTraceDataFieldInfo* GetDataFieldInfo(std::string_view name) const;
     bool MarkComponentTraced(unsigned int id);
     bool MarkFieldTraced(ZoTraceDataFieldInfo& field);
     void SetFilter(ZoTraceDataFieldInfo& field, unsigned int filterOperator,
@@ -132,32 +125,32 @@ private:
 
     bool SetKnownOrNumber(unsigned int id, long value);
     bool SetText(unsigned int id, std::string_view value);
-    void Store(unsigned int id, std::string_view value);
-    char* BufferFor(unsigned int id, std::size_t length);
+    bool StoreAndTest(unsigned int id, std::string_view value);
     bool TestDataFilter(unsigned int id) const;
     bool PopulateDateandTime();
 
     bool AssembleTraceMessage(CZoErrLogMessage* message, int kind);
-    void AppendField(CZoErrLogMessage& message, const ZoTraceDataFieldInfo& field, int kind) const;
+    template <typename TextOf>
+    void AppendFields(CZoErrLogMessage& message, std::size_t textSize, TextOf textOf) const;
+    void AppendValues(CZoErrLogMessage& message) const;
+    void AppendHeading(CZoErrLogMessage& message, int kind) const;
     const char* FormatLongMessage(std::size_t length, const char* format, va_list args);
 
     void ClearValues();
-    void ClearValue(unsigned int id);
     void Recycle();
 
     bool m_bConfigured;
     bool m_bLocalTime;
     int m_iFormat;
-    // Separator, components and filter values: immutable once read, shared by every record that
-    // was filled from the configuration.
+    ZoFieldSet m_traced;
+    ZoFieldSet m_filtered;
+    // The rest of what was read: immutable then, and shared by every record that was filled from
+    // the configuration.
     std::shared_ptr<ZoTraceSettings> m_settings;
-    ZoTraceDataFieldInfo m_fields[kZoDataFieldCount];
-    std::unique_ptr<char[]> m_longValues[kZoDataFieldCount];
-    std::uint64_t m_valuesSet[kValueWords];  // a bit a field
+    ZoFieldValues m_values;
     CZoErrLogMessage m_message;
     char m_messageText[kZoInlineValueSize];
     std::unique_ptr<char[]> m_longMessageText;
-    unsigned int m_fieldOrder[kZoDataFieldCount];  // number + 1 of each; 0 ends a shorter list
     int m_iConfigVersion;
     CZoLogger* m_pLogger;
     bool m_bLoggerChosen;

@@ -64,38 +64,68 @@ bool CZoTraceData::AssembleTraceMessage(CZoErrLogMessage* message, int kind) {
         tag = m_settings->separator.c_str();
     }
     message->BeginTraceFormat(m_iFormat, m_bLocalTime, tag);
-    for (const unsigned int slot : m_fieldOrder) {
-        if (slot == 0) {
-            break;
+    if (m_settings != nullptr) {
+        if (kind == kValues) {
+            AppendValues(*message);
+        } else {
+            AppendHeading(*message, kind);
         }
-        AppendField(*message, m_fields[slot - 1], kind);
     }
     message->EndTraceFormat();
     return true;
 }
 
-void CZoTraceData::AppendField(CZoErrLogMessage& message, const ZoTraceDataFieldInfo& field,
-                               int kind) const {
-    std::string line;
-    const char* text = nullptr;
-    switch (kind) {
-        case kValues:
-            text = field.value != nullptr ? field.value : "";
+void CZoTraceData::AppendValues(CZoErrLogMessage& message) const {
+    AppendFields(message, m_values.TotalLength(), [this](const ZoTraceSettings::Column& column) {
+        return m_values.Get(column.field);
+    });
+}
+
+void CZoTraceData::AppendHeading(CZoErrLogMessage& message, int kind) const {
+    const std::string line(m_settings->widestColumn, kind == kDashes ? '-' : '=');
+    const std::size_t textSize = line.size() * m_settings->columns.size();
+    AppendFields(message, textSize, [&](const ZoTraceSettings::Column& column) {
+        const std::size_t length =
+            m_iFormat == kColumns ? static_cast<std::size_t>(column.width) : column.name.size();
+        return kind == kNames ? column.name : std::string_view(line).substr(0, length);
+    });
+}
+
+// Appends the text that `textOf` gives for each column, all of them together at most `textSize`
+// bytes. Room is made for the whole line at once, instead of a look at it for every part.
+template <typename TextOf>
+void CZoTraceData::AppendFields(CZoErrLogMessage& message, std::size_t textSize,
+                                TextOf textOf) const {
+    const ZoTraceSettings& settings = *m_settings;
+    char* const start = message.m_text.prepare(textSize + settings.roomBesideValues);
+    char* next = start;
+    bool first = true;
+    switch (m_iFormat) {
+        case kBracketed:
+            for (const ZoTraceSettings::Column& column : settings.columns) {
+                next = PutBracketed(next, textOf(column));
+            }
             break;
-        case kNames:
-            text = field.name;
+        case kColumns:
+            for (const ZoTraceSettings::Column& column : settings.columns) {
+                const auto columnSize = static_cast<std::size_t>(column.width);
+                next = PutColumn(next, textOf(column), columnSize, first);
+                first = false;
+            }
             break;
-        default: {
-            const std::size_t length = m_iFormat == kColumns
-                                           ? static_cast<std::size_t>(field.width)
-                                           : std::char_traits<char>::length(field.name);
-            line.assign(length, kind == kDashes ? '-' : '=');
-            text = line.c_str();
-        }
+        case kDelimited:
+            for (const ZoTraceSettings::Column& column : settings.columns) {
+                next = PutDelimited(next, textOf(column), settings.separator, first);
+                first = false;
+            }
+            break;
+        case kXml:
+            for (const ZoTraceSettings::Column& column : settings.columns) {
+                next = PutElement(next, textOf(column), column.name);
+            }
+            break;
+        default:
+            break;
     }
-    if (m_iFormat == kColumns) {
-        message.FormatTraceField(text, field.width);
-    } else {
-        message.FormatTraceField(text, field.name);
-    }
+    message.m_text.commit(static_cast<std::size_t>(next - start));
 }

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <iterator>
@@ -8,6 +7,7 @@
 #include <zoerrlog/trace/ZoClockTexts.h>
 #include <zoerrlog/trace/ZoFilterOperator.h>
 #include <zoerrlog/trace/ZoTraceData.h>
+#include <zoerrlog/trace/ZoTraceSettings.h>
 
 using namespace zoerrlog;
 using namespace zoerrlog::trace;
@@ -113,47 +113,24 @@ bool CZoTraceData::SetFieldValue(unsigned int id, const char* value) {
 }
 
 bool CZoTraceData::SetText(unsigned int id, std::string_view value) {
-    if (id >= kZoDataFieldCount) {
-        return false;
-    }
-    Store(id, value);
-    return !m_fields[id].filtered || TestDataFilter(id);
+    return id < kZoDataFieldCount && StoreAndTest(id, value);
 }
 
-void CZoTraceData::Store(unsigned int id, std::string_view value) {
-    char* const buffer = BufferFor(id, value.size());
-    *std::copy(value.begin(), value.end(), buffer) = '\0';
-    m_valuesSet[id / kBitsOfWord] |= std::uint64_t{1} << id % kBitsOfWord;
-}
-
-// A heap buffer, once taken, also serves the shorter values that follow.
-char* CZoTraceData::BufferFor(unsigned int id, std::size_t length) {
-    ZoTraceDataFieldInfo& field = m_fields[id];
-    if (length > kLongestInlineValue) {
-        m_longValues[id] = std::make_unique<char[]>(length + 1);
-        field.value = m_longValues[id].get();
-        field.valueOnHeap = true;
-    }
-    return field.value;
+bool CZoTraceData::StoreAndTest(unsigned int id, std::string_view value) {
+    m_values.Set(id, value);
+    return !m_filtered.Has(id) || TestDataFilter(id);
 }
 
 bool CZoTraceData::TestDataFilter(unsigned int id) const {
-    if (id >= kZoDataFieldCount) {
-        return false;
-    }
-    const ZoTraceDataFieldInfo& field = m_fields[id];
-    const std::string_view value = field.value != nullptr ? field.value : std::string_view();
-    return field.filterValue != nullptr && Passes(value, field.filterOperator, field.filterValue);
+    const ZoTraceSettings::Filter& filter = m_settings->filters[id];
+    return Passes(m_values.Get(id), filter.filterOperator, filter.value);
 }
 
 bool CZoTraceData::PopulateDateandTime() {
     const ClockTexts now = ReadClock(m_bLocalTime);
-    Store(kZoFieldDate, now.date);
-    Store(kZoFieldTime, now.time);
-    Store(kZoFieldPreciseTime, now.preciseTime);
-
-    const unsigned int clockFields[] = {kZoFieldDate, kZoFieldTime, kZoFieldPreciseTime};
-    return std::all_of(std::begin(clockFields), std::end(clockFields), [this](unsigned int id) {
-        return !m_fields[id].filtered || TestDataFilter(id);
-    });
+    // All three are stored, whichever of them a filter rejects.
+    const bool datePasses = StoreAndTest(kZoFieldDate, now.date);
+    const bool timePasses = StoreAndTest(kZoFieldTime, now.time);
+    const bool preciseTimePasses = StoreAndTest(kZoFieldPreciseTime, now.preciseTime);
+    return datePasses && timePasses && preciseTimePasses;
 }

@@ -27,7 +27,7 @@ TEST(ZoByteString, KeepsEveryByteAndItsTerminatorWhateverItsLength) {
             const ZoByteString copy(text);
             EXPECT_THROW(text.prepare(std::numeric_limits<std::size_t>::max() - more),
                          std::bad_alloc);
-            text.append({std::string_view("\0x", 2), "", "yz"});
+            text.append(std::string_view("\0x", 2), "", "yz");
             ExpectHolds(text, both + std::string("\0xyz", 4));
             text.truncate(size);
             ExpectHolds(text, first);

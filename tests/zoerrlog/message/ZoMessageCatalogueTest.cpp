@@ -2,7 +2,11 @@
 #include <zoi18n/zoi18n.h>
 #include <zoxlate/zoxlate.h>
 
+#include <atomic>
+#include <latch>
 #include <string>
+#include <thread>
+#include <tuple>
 #include <vector>
 
 #include <zoerrlog/message/ZoErrLogMessage.h>
@@ -137,6 +141,78 @@ TEST_F(Catalogue, FitsACallersBuffer) {
         record.GetArgList() << "0123456789";
     }
     EXPECT_STREQ(record.PreformatMessage(kLegacy, "en", nullptr, 0), "zo-log-00000");
+}
+
+std::string TextOf(unsigned int id, bool forTrace = false) {
+    CZoErrLogMessage record(false);
+    record.GetArgList() << "Ann"
+                        << "host";
+    return forTrace ? record.FormatMessageForTrace(id) : record.FormatMessageA(id);
+}
+
+TEST_F(Catalogue, ShowsAChangeOfTheDirectoryOrTheLocaleInTheNextLine) {
+    const zotest::TemporaryDirectory other;
+    other.Write("ZoControlled.properties", "zo-login={1}: {0}\n");
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {m_directory.Path().c_str(), "en", "Ann logged in from host"},
+        {other.Path().c_str(), "en", "host: Ann"},
+        {m_directory.Path().c_str(), "en", "Ann logged in from host"},
+        {"the same", "fr", "Ann connect\xC3\xA9 depuis host"},
+        {other.Path().c_str(), "fr", "host: Ann"},
+        {m_directory.Path().c_str(), "fr", "Ann connect\xC3\xA9 depuis host"},
+        {"the same", "en", "Ann logged in from host"},
+    };
+    SetControlledEntry("zo-login");
+    for (const auto& [directory, locale, text] : cases) {
+        EXPECT_EQ(CZoXlate::SetResourceDirectory(directory), *directory == '/');
+        ASSERT_TRUE(ZoSetAdminLocale(locale));
+        // The second time it is remembered.
+        EXPECT_EQ(TextOf(kControlled), "[ERROR][zo-login] " + text + "\n");
+        EXPECT_EQ(TextOf(kControlled), "[ERROR][zo-login] " + text + "\n");
+    }
+}
+
+// Two threads write log lines and two trace lines, in different locales, and of more messages than
+// are remembered, so that they get into each other's way.
+TEST_F(Catalogue, GivesThreadsWholeTextsWhileTheDirectoryChanges) {
+    constexpr unsigned int kMessages = 80;
+    const zotest::TemporaryDirectory other;
+    const zotest::TemporaryDirectory* const directories[] = {&m_directory, &other};
+    std::string texts[2][2];  // by directory; the second is for trace lines
+    for (const std::size_t i : {0U, 1U}) {
+        const std::string text(300, i == 0 ? 'a' : 'b');
+        directories[i]->Write("ZoControlled_fr.properties", "long=line " + text);
+        directories[i]->Write("ZoControlled.properties", "long=trace " + text);
+        texts[i][0] = "[ERROR][long] line " + text + "\n";
+        texts[i][1] = "[long] trace " + text;
+    }
+    SetControlledEntry("long");
+    ASSERT_TRUE(ZoSetAdminLocale("fr"));
+    ASSERT_TRUE(CZoXlate::SetResourceDirectory(m_directory.Path().c_str()));
+    std::atomic<bool> stop{false};
+    std::atomic<int> wrong{0};
+    std::latch started(5);
+    std::vector<std::jthread> threads;
+    for (const bool forTrace : {false, false, true, true}) {
+        threads.emplace_back([&, forTrace] {
+            started.arrive_and_wait();
+            for (unsigned int i = 0; !stop; i = (i + 1) % kMessages) {
+                const std::string text = TextOf(kControlled + i, forTrace);
+                wrong += text == texts[0][forTrace] || text == texts[1][forTrace] ? 0 : 1;
+            }
+        });
+    }
+    started.arrive_and_wait();
+    for (std::size_t turn = 1; turn <= 200; ++turn) {
+        EXPECT_TRUE(CZoXlate::SetResourceDirectory(directories[turn % 2]->Path().c_str()));
+        // Nobody else changes it, so from here on there is but one text.
+        for (unsigned int i = 0; i < kMessages; ++i) {
+            EXPECT_EQ(TextOf(kControlled + i), texts[turn % 2][0]);
+        }
+    }
+    stop = true;
+    threads.clear();
+    EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace
