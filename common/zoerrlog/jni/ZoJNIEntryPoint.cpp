@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <memory>
 #include <string>
 
 #include <zoerrlog/base/ZoExport.h>
@@ -93,35 +92,40 @@ void WriteError(CZoLogger& logger, const char* sourceFile, jint messageId, const
     static_cast<void>(logger.LogErrMsg(message));
 }
 
-/// The texts of a call of TraceMsg, and the writing of its line.
+/// A call of TraceMsg, and the writing of its line.
 struct TraceCall {
-    JavaText loggerName;
-    JavaText sourceFile;
-    JavaText function;
+    JNIEnv* env;
+    jstring loggerName;
+    jstring sourceFile;
+    jstring function;
     unsigned int componentId;
-    JavaText transactionId;
-    JavaText message;
+    jstring transactionId;
+    jstring message;
 
-    /// `textOf` gives the text of the message; it is asked only when the line is traced.
+    /// `textOf` makes the text of the line of the message. It is asked, and the strings are
+    /// fetched, only when the line is traced: most calls are of components that are not.
     template <typename TextOf>
     void Write(TextOf textOf) const {
-        CZoLogger* const logger = ChooseLogger(loggerName);
+        CZoLogger* const logger = ChooseLogger(JavaText(env, loggerName));
         if (logger == nullptr || !ShouldTraceNow(*logger, componentId)) {
             return;
         }
-        // Not the thread's own record: native code may be in the middle of a line with that. Not
-        // on the stack either, which is small on some Java threads.
-        const auto record = std::make_unique<CZoTraceData>();
-        record->SetLogger(logger);
-        if (!logger->ShouldTrace(componentId, record.get())) {
+        // Not the thread's own record: native code may be in the middle of a line with that.
+        CZoTraceData record;
+        record.SetLogger(logger);
+        if (!logger->ShouldTrace(componentId, &record)) {
             return;
         }
-        const std::string text = textOf();
-        WriteTraceLine(*record, {{kZoFieldFunction, function.OrEmpty()},
-                                 {kZoFieldMessage, text.c_str()},
-                                 {kZoFieldTransactionID, transactionId.OrEmpty()},
-                                 {kZoFieldSrcFile,
-                                  CZoErrLogMessage::PathnameFindFilePart(sourceFile.OrEmpty())}});
+        const JavaText functionText(env, function);
+        const JavaText transactionText(env, transactionId);
+        const JavaText source(env, sourceFile);
+        const JavaText pattern(env, message);
+        const std::string text = textOf(pattern.OrEmpty());
+        WriteTraceLine(
+            record, {{kZoFieldFunction, functionText.OrEmpty()},
+                     {kZoFieldMessage, text.c_str()},
+                     {kZoFieldTransactionID, transactionText.OrEmpty()},
+                     {kZoFieldSrcFile, CZoErrLogMessage::PathnameFindFilePart(source.OrEmpty())}});
     }
 };
 
@@ -228,21 +232,20 @@ Java_com_velmora_zoerrlog_ZoLogger_TraceMsg__Ljava_lang_String_2Ljava_lang_Strin
     JNIEnv* env, jclass /*caller*/, jstring loggerName, jstring sourceFile, jstring function,
     jint componentId, jstring transactionId, jstring message, jobjectArray arguments) {
     return Guarded(kDone, [&] {
-        const TraceCall call{{env, loggerName},    {env, sourceFile},
-                             {env, function},      static_cast<unsigned int>(componentId),
-                             {env, transactionId}, {env, message}};
+        const TraceCall call{
+            env,           loggerName, sourceFile, function, static_cast<unsigned int>(componentId),
+            transactionId, message};
         const jsize count = LengthOf(env, arguments);
         if (count > kMostArguments) {
             WarnOfTooManyArguments(call.componentId,
                                    "WARNING!!! Too many arguments in message - Message not logged."
                                    "  Unformatted message is: %s",
-                                   call.message.OrEmpty(), kTraceMsgSourceLine);
+                                   JavaText(env, message).OrEmpty(), kTraceMsgSourceLine);
         }
-        call.Write([&] {
+        call.Write([&](const char* text) {
             return count < 1 || count > kMostArguments
-                       ? std::string(call.message.OrEmpty())
-                       : FillPlaceholders(call.message.OrEmpty(),
-                                          FetchArguments(env, arguments, count));
+                       ? std::string(text)
+                       : FillPlaceholders(text, FetchArguments(env, arguments, count));
         });
         return kDone;
     });
