@@ -79,12 +79,12 @@ pkg_config_serves_a_host() {
 }
 
 # exports_only <library> <pattern of its own demangled names>
-# Instantiations of the standard library's templates are weak in every C++ library.
+# Instantiations of the standard library's templates are in every C++ library.
 exports_only() {
     local data='(vtable for |VTT for |typeinfo (name )?for |guard variable for )?'
     nm -DC --defined-only "$prefix/$libdir/$1" | cut -d' ' -f2- >"$work/symbols"
     [[ -s $work/symbols ]] || return 1
-    ! grep -Ev "^. $data($2)|^[WVu] .*\b(std|__gnu_cxx)::" "$work/symbols"
+    ! grep -Ev "^. $data($2)|^[WVuDR] .*\b(std|__gnu_cxx)::" "$work/symbols"
 }
 
 "$cmake" --install "$build" --prefix "$work/installed" >"$work/install.log" ||
