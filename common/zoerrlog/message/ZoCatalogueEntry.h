@@ -34,6 +34,8 @@ struct alignas(64) CatalogueSlot {
     static constexpr std::size_t kLongestHead = 64;
 
     std::atomic<bool> busy{false};
+    unsigned char headLength = 0;
+    unsigned char keyStart = 0;  // where "[key] " begins in the head
     unsigned int generation = 0;
     int severity = 0;
     const char* key = nullptr;
@@ -41,8 +43,6 @@ struct alignas(64) CatalogueSlot {
     const char* locale = nullptr;
     std::string_view pattern;
     BundleHold bundle;  // null: nothing is remembered
-    unsigned char headLength = 0;
-    unsigned char keyStart = 0;  // where "[key] " begins in the head
     char head[kLongestHead] = {};
 };
 

@@ -61,50 +61,39 @@ Width TakeWidth(const char*& format) {
     return Width::kLongLong;
 }
 
-struct Arguments {
-    va_list list;
-};
-
-long long TakeSigned(Width width, Arguments& args) {
-    switch (width) {
-        case Width::kInt:
-            return va_arg(args.list, int);
-        case Width::kLong:
-            return va_arg(args.list, long);
-        case Width::kLongLong:
-            return va_arg(args.list, long long);
-        case Width::kSize:
-            break;
+long long TakeSigned(Width width, va_list* args) {
+    if (width == Width::kInt) {
+        return va_arg(*args, int);
     }
-    return va_arg(args.list, std::ptrdiff_t);
+    if (width == Width::kLong) {
+        return va_arg(*args, long);
+    }
+    return width == Width::kLongLong ? va_arg(*args, long long) : va_arg(*args, std::ptrdiff_t);
 }
 
-unsigned long long TakeUnsigned(Width width, Arguments& args) {
-    switch (width) {
-        case Width::kInt:
-            return va_arg(args.list, unsigned int);
-        case Width::kLong:
-            return va_arg(args.list, unsigned long);
-        case Width::kLongLong:
-            return va_arg(args.list, unsigned long long);
-        case Width::kSize:
-            break;
+unsigned long long TakeUnsigned(Width width, va_list* args) {
+    if (width == Width::kInt) {
+        return va_arg(*args, unsigned int);
     }
-    return va_arg(args.list, std::size_t);
+    if (width == Width::kLong) {
+        return va_arg(*args, unsigned long);
+    }
+    return width == Width::kLongLong ? va_arg(*args, unsigned long long)
+                                     : va_arg(*args, std::size_t);
 }
 
 // The conversions that take no length modifier.
-bool AppendText(BoundedText& text, char letter, Arguments& args) {
+bool AppendText(BoundedText& text, char letter, va_list* args) {
     switch (letter) {
         case 's': {
-            const char* const value = va_arg(args.list, const char*);
+            const char* const value = va_arg(*args, const char*);
             if (value != nullptr) {
                 text.Append(value);
             }
             return value != nullptr;
         }
         case 'c': {
-            const char value = static_cast<char>(va_arg(args.list, int));
+            const char value = static_cast<char>(va_arg(*args, int));
             text.Append({&value, 1});
             return true;
         }
@@ -116,7 +105,7 @@ bool AppendText(BoundedText& text, char letter, Arguments& args) {
     }
 }
 
-bool AppendConversion(BoundedText& text, const char*& format, Arguments& args) {
+bool AppendConversion(BoundedText& text, const char*& format, va_list* args) {
     const Width width = TakeWidth(format);
     const char letter = *format++;
     switch (letter) {
@@ -139,8 +128,8 @@ bool AppendConversion(BoundedText& text, const char*& format, Arguments& args) {
 
 int FormatPlain(char* dst, std::size_t size, const char* format, va_list args) noexcept {
     BoundedText text(dst, size);
-    Arguments rest;
-    va_copy(rest.list, args);
+    va_list rest;
+    va_copy(rest, args);
     bool plain = true;
     while (plain && *format != '\0') {
         const char* const start = format;
@@ -150,10 +139,10 @@ int FormatPlain(char* dst, std::size_t size, const char* format, va_list args) n
         text.Append({start, static_cast<std::size_t>(format - start)});
         if (*format == '%') {
             ++format;
-            plain = AppendConversion(text, format, rest);
+            plain = AppendConversion(text, format, &rest);
         }
     }
-    va_end(rest.list);
+    va_end(rest);
     text.Terminate();
     const bool countable = text.Length() <= std::numeric_limits<int>::max();
     return plain && countable ? static_cast<int>(text.Length()) : -1;

@@ -30,7 +30,7 @@ struct ZoTraceSettings {
     std::size_t roomBesideValues = 0;  // the most that the columns take beside their values
     std::array<Filter, kZoDataFieldCount> filters;
     std::vector<ZoTraceComponentInfo> components;
-    std::array<ZoTraceDataFieldInfo, kZoDataFieldCount> fields;
+    std::array<ZoTraceDataFieldInfo, kZoDataFieldCount> fields{};
 };
 
 #endif
