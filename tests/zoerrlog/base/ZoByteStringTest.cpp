@@ -5,6 +5,8 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -34,6 +36,34 @@ TEST(ZoByteString, KeepsEveryByteAndItsTerminatorWhateverItsLength) {
             text = copy;
             ExpectHolds(text, both);
         }
+    }
+}
+
+TEST(ZoByteString, GivesBackWhatAnUnusuallyLongTextTookAndKeepsTheRest) {
+    for (const auto& [length, kept] :
+         {std::pair{kInline, kInline}, std::pair{2 * kInline, std::size_t{2 * kInline}},
+          std::pair{ZoByteString::kKeptCapacity + 1, kInline}}) {
+        ZoByteString text(std::string(length, 'x'));
+        text.clear_and_shrink();
+        ExpectHolds(text, "");
+        EXPECT_EQ(text.room(), kept) << length;
+        text.append("again");
+        ExpectHolds(text, "again");
+    }
+}
+
+TEST(ZoCopyShort, CopiesTextsOfEveryLengthAndNothingBeside) {
+    constexpr std::size_t kLongest = 140;  // beyond the last of the fixed sizes
+    std::string source;
+    for (std::size_t i = 0; i < kLongest; ++i) {
+        source.push_back(static_cast<char>('0' + i % 77));
+    }
+    for (std::size_t size = 0; size <= kLongest; ++size) {
+        std::string target(kLongest + 2, '~');
+        // In a block of its own, so that a look beyond its end is seen by the sanitizers.
+        const std::vector<char> text(source.begin(), source.begin() + size);
+        EXPECT_EQ(ZoCopyShort(target.data() + 1, {text.data(), size}), target.data() + 1 + size);
+        EXPECT_EQ(target, '~' + source.substr(0, size) + std::string(kLongest + 1 - size, '~'));
     }
 }
 

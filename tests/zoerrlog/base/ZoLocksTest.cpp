@@ -3,6 +3,8 @@
 #include <zoerrlog/base/ZoLocks.h>
 
 #include <atomic>
+#include <cerrno>
+#include <chrono>
 #include <memory>
 #include <new>
 #include <string>
@@ -112,6 +114,36 @@ TEST(ZoLocks, AreHeldByALockerUntilItGoesAndFreeOnceLeftAsOftenAsEntered) {
     const char* const enteredThrice = ": Ea Ea Eb:b La:b La:b La Ea:a Lb La";
     ExpectHeldByLocker<CZoErrLogPrivAutoCS>(section, "Ea:a Em:a Lm:a", enteredThrice);
     ExpectHeldByLocker<CZoErrLogAutoCS>(lock, "Ea:a Em:a Lm:a", enteredThrice);
+}
+
+TEST(ZoLocks, LetOneThreadInAtATimeWhoeverSleptMeanwhile) {
+    constexpr int kThreads = 4;
+    constexpr int kRounds = 3000;
+    CZoErrLogCS lock;
+    long inside = 0;  // no atomic: the lock is all that keeps it right
+    long entered = 0;
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < kRounds; ++round) {
+                errno = round;
+                const CZoErrLogAutoCS outer(lock);
+                const CZoErrLogAutoCS inner(lock);
+                EXPECT_EQ(++inside, 1);
+                entered += 1;
+                if (round % 100 == 0) {
+                    // Long enough for the others to fall asleep.
+                    std::this_thread::sleep_for(std::chrono::microseconds(200));
+                }
+                --inside;
+                if (round % 100 != 0) {
+                    EXPECT_EQ(errno, round);
+                }
+            }
+        });
+    }
+    threads.clear();
+    EXPECT_EQ(entered, kThreads * kRounds);
 }
 
 template <class Lock>

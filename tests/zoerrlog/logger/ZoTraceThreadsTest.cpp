@@ -85,6 +85,48 @@ TEST(TraceThreads, GetWholeLinesOfOneConfigurationWhileAllIsReplaced) {
     EXPECT_EQ(std::set(std::begin(loggers), std::end(loggers)).size(), 1U);
 }
 
+// Two configurations of which one alone selects the component as a whole: who is told that it is
+// traced holds a record of that one, however the answer was found.
+TEST(TraceThreads, AreAnsweredByOneConfigurationWhileTheyAreReplaced) {
+    constexpr unsigned int kPart = 0x01010000;
+    constexpr unsigned int kWhole = 0x01000000;
+    enum : unsigned int { kFunction = 7, kData = 52 };
+    const zotest::TemporaryDirectory directory;
+    const std::string ofPart = directory.Write("part", "components: Log/Legacy\ndata: Function");
+    const std::string ofWhole = directory.Write("whole", "components: Log\ndata: Data");
+    std::atomic<long> answers{0};
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&](const std::stop_token& stop) {
+            CZoLogger& logger = *theLogger();
+            while (!stop.stop_requested()) {
+                CZoTraceData* part = nullptr;
+                CZoTraceData* whole = nullptr;
+                if (logger.ShouldTraceAlloc(kWhole, &whole)) {
+                    EXPECT_TRUE(whole->FieldTraced(kData) && !whole->FieldTraced(kFunction));
+                    ++answers;
+                }
+                if (logger.ShouldTraceAlloc(kPart, &part)) {
+                    EXPECT_NE(part->FieldTraced(kData), part->FieldTraced(kFunction));
+                    ++answers;
+                }
+            }
+        });
+    }
+    for (int round = 0; round < 2000; ++round) {
+        const std::string& settings = round % 2 == 0 ? ofWhole : ofPart;
+        CZoLogOutput* const output = theLogger()->NewLogOutput(2, [](const char*, int) {});
+        EXPECT_TRUE(theLogger()->EnableTrace(output, 0, "", settings.c_str(), false, false, false));
+        if (round % 50 == 0) {
+            for (const long before = answers; answers < before + 20;) {
+                std::this_thread::yield();
+            }
+        }
+    }
+    threads.clear();
+    theLogger()->DisableTrace(false);
+}
+
 TEST(ThreadRecords, ReturnAsNewWhenTheirThreadEndsOrTheirLoggerGoes) {
     std::set<CZoTraceData*> used[3];
     const auto record = [](int i) {

@@ -14,7 +14,11 @@ using namespace std::string_literals;
 
 std::vector<std::string> ArgumentsOf(const CpaArgList& list) {
     std::array<const char*, CpaArgList::MAX_ARGC> argv = {};
-    return {argv.begin(), argv.begin() + list.toArgv(argv.data())};
+    const auto count = list.toArgv(argv.data());
+    for (unsigned long long i = 0; i < count; ++i) {
+        EXPECT_EQ(list.argument(i), argv[i]) << i;
+    }
+    return {argv.begin(), argv.begin() + count};
 }
 
 TEST(ArgList, SplitsValuesAtZeroBytesAndKeepsThirteen) {
