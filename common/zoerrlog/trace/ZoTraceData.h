@@ -32,8 +32,8 @@ struct ZoTraceSettings;
 ///
 /// Fields are given by number, one of ZoDataField. A record is used by one thread at a time. What
 /// it took over from a configuration it keeps until a logger refreshes it, also when that
-/// configuration is gone. Operations that store a text longer than 1023 bytes, or make the line
-/// longer, may throw std::bad_alloc.
+/// configuration is gone. Operations that store a text, or make the line longer, may throw
+/// std::bad_alloc; once a record has room for lines of usual length, they allocate nothing.
 class ZOERRLOG_EXPORT CZoTraceData {
 public:
     /// A record without a configuration, for callers of CZoLogger::ShouldTrace. It takes some 4 KB.
