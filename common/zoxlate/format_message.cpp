@@ -72,13 +72,9 @@ struct Placeholder {
     const char* end = nullptr;  // behind the closing brace; null when it is no placeholder
 };
 
-Placeholder ReadPlaceholder(const char* brace) noexcept {
+[[gnu::noinline]] Placeholder ReadPlaceholder(const char* brace) noexcept {
     constexpr std::size_t limit = std::numeric_limits<std::size_t>::max() / 10 - 1;
     Placeholder placeholder;
-    // Few messages have more than ten arguments.
-    if (brace[1] >= '0' && brace[1] <= '9' && brace[2] == '}') {
-        return {static_cast<std::size_t>(brace[1] - '0'), brace + 3};
-    }
     const char* digit = brace + 1;
     for (; *digit >= '0' && *digit <= '9'; ++digit) {
         if (placeholder.index > limit) {
@@ -111,7 +107,10 @@ template <class Argument>
 class PatternFiller {
 public:
     PatternFiller(char* dst, std::size_t size, std::size_t argCount, const Argument* args) noexcept
-        : m_out(dst), m_limit(dst + size - 1), m_argCount(argCount), m_args(args) {}
+        : m_out(dst),
+          m_limit(dst + size - 1),
+          m_argCount(args == nullptr ? 0 : argCount),
+          m_args(args) {}
 
     // Gives the end of the text, where the terminator is.
     const char* Fill(std::string_view pattern) noexcept {
@@ -194,7 +193,13 @@ private:
 
     // No placeholder where there is no argument for it.
     Placeholder PlaceholderAt(const char* brace) const noexcept {
-        const Placeholder placeholder = m_quoted ? Placeholder() : ReadPlaceholder(brace);
+        if (m_quoted) {
+            return {};
+        }
+        // Few messages have more than ten arguments.
+        const auto digit = static_cast<std::size_t>(brace[1] - '0');
+        const Placeholder placeholder =
+            digit < 10 && brace[2] == '}' ? Placeholder{digit, brace + 3} : ReadPlaceholder(brace);
         return placeholder.index < m_argCount ? placeholder : Placeholder();
     }
 
@@ -223,7 +228,7 @@ void CZoXlate::FormatMessageA(char* dst, unsigned long dstSize, const char* patt
     if (dst == nullptr || dstSize == 0) {
         return;
     }
-    PatternFiller<const char*>(dst, dstSize, args == nullptr ? 0 : argCount, args)
+    PatternFiller<const char*>(dst, dstSize, argCount, args)
         .Fill(pattern == nullptr ? "" : pattern);
 }
 
@@ -232,6 +237,6 @@ std::size_t CZoXlate::FormatText(char* dst, std::size_t dstSize, const Text& pat
     if (dst == nullptr || dstSize == 0) {
         return 0;
     }
-    PatternFiller<Text> filler(dst, dstSize, args == nullptr ? 0 : argCount, args);
+    PatternFiller<Text> filler(dst, dstSize, argCount, args);
     return static_cast<std::size_t>(filler.Fill(TextOf(pattern)) - dst);
 }
