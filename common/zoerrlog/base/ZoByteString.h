@@ -56,8 +56,8 @@ __attribute__((noinline)) inline char* ZoCopyShort(char* dst, std::string_view t
 /// A growable string of bytes that always ends in a zero byte behind its last one.
 ///
 /// Texts of up to kInlineCapacity bytes live inside the object, so that building a line of
-/// ordinary length allocates nothing; longer ones move to the heap and stay there until the
-/// object is destroyed. Zero bytes are ordinary content.
+/// ordinary length allocates nothing; longer ones move to the heap and stay there until
+/// clear_and_shrink or the end of the object. Zero bytes are ordinary content.
 ///
 /// Any operation that changes the text makes earlier pointers to it invalid. Memory exhaustion
 /// while growing throws std::bad_alloc and leaves the text as it was. An object is used by one

@@ -41,7 +41,8 @@ struct ZOERRLOG_EXPORT CpaArgList {
     CpaArgList& clear();
 
     /// Appends `value` as the next argument; a value with zero bytes inside counts as several.
-    /// Beyond MAX_ARGC arguments a value is dropped without notice. Returns the list.
+    /// Beyond MAX_ARGC arguments a value is dropped without notice. `value` must not lie in the
+    /// list itself. Returns the list.
     CpaArgList& operator<<(const CpaStream& value);
 
     /// Writes one pointer per argument into `argv`, which has room for argc pointers, and returns

@@ -24,7 +24,7 @@ CZoErrLogMessage::CZoErrLogMessage(bool useLocalTime)
 CZoErrLogMessage::~CZoErrLogMessage() = default;
 
 bool CZoErrLogMessage::CleanUpMessage() {
-    m_text.clear();
+    m_text.clear_and_shrink();
     m_iMessageType = 0;
     return true;
 }

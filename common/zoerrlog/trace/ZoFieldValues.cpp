@@ -1,6 +1,6 @@
 #include <zoerrlog/trace/ZoFieldValues.h>
 
-std::string_view ZoFieldValues::Set(unsigned int field, std::string_view text) {
+void ZoFieldValues::Set(unsigned int field, std::string_view text) {
     Place& place = m_places[field];
     if (place.line == m_line) {
         m_replaced += place.length;
@@ -12,7 +12,6 @@ std::string_view ZoFieldValues::Set(unsigned int field, std::string_view text) {
     const std::size_t offset = m_texts.size();
     m_texts.append(text);
     place = {offset, text.size(), m_line};
-    return {m_texts.data() + offset, text.size()};
 }
 
 void ZoFieldValues::DropReplacedTexts() {

@@ -16,8 +16,8 @@
 /// valid until the next Set or Clear.
 class ZoFieldValues {
 public:
-    /// Stores a copy of `text`, which does not lie among the values, and returns it.
-    std::string_view Set(unsigned int field, std::string_view text);
+    /// Stores a copy of `text`, which does not lie among the values.
+    void Set(unsigned int field, std::string_view text);
 
     std::string_view Get(unsigned int field) const noexcept {
         const Place& place = m_places[field];

@@ -14,7 +14,8 @@ constexpr std::size_t kLongValue = 100000;
 class FieldValues : public testing::Test {
 protected:
     void Set(unsigned int field, const std::string& text) {
-        EXPECT_EQ(m_values.Set(field, text), text);
+        m_values.Set(field, text);
+        EXPECT_EQ(m_values.Get(field), text);
         m_expected[field] = text;
     }
     void Clear() {
